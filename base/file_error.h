@@ -2,8 +2,10 @@
 
 #include <QFileDevice>
 #include <QString>
+
 #include <cstdint>
 #include <expected>
+#include <system_error>
 
 namespace pondera {
 
@@ -26,8 +28,8 @@ enum class FaultNumber : std::uint32_t {
     kBinary = 0x80100004,
 };
 
-/// A file operation that failed: the number that its message is keyed by, the path it failed on (native spelling) and, for the
-/// log and for "any other" messages, the system's own words.
+/// A file operation that failed: the number that its message is keyed by, the path it failed on (native spelling) and,
+/// for the log and for "any other" messages, the system's own words.
 struct FileError {
     FaultNumber number = FaultNumber::kUnexpected;
     QString path;
@@ -39,11 +41,14 @@ struct FileError {
 template <typename T>
 using FileResult = std::expected<T, FileError>;
 
-/// The fault that an errno value stands for: EACCES, EPERM, EROFS are 70; ENOENT and ENOTDIR 76; EEXIST 58; ENOSPC and EDQUOT 61;
-/// EINVAL and ENAMETOOLONG 5; all others "unexpected".
+/// The fault that an errno value stands for: EACCES, EPERM, EROFS and EISDIR are 70; ENOENT and ENOTDIR 76; EEXIST 58;
+/// ENOSPC and EDQUOT 61; EINVAL and ENAMETOOLONG 5; all others "unexpected".
 [[nodiscard]] FaultNumber fault_of_errno(int error);
 
 /// The error of a QFile or QSaveFile that has just failed, taken from its errno-based state.
 [[nodiscard]] FileError file_error_of(const QFileDevice& file);
+
+/// The error of a std::filesystem operation on `path`.
+[[nodiscard]] FileError file_error_of(const std::error_code& error, const QString& path);
 
 }  // namespace pondera

@@ -4,8 +4,8 @@
 
 namespace pondera {
 
-/// The fixed folders of the program, as native paths without a closing separator. This is the one place that knows how the fixed
-/// drive paths ("C:\Pondera_Folder\Pondera\") lie on this system.
+/// The fixed folders of the program, as native paths without a closing separator. This is the one place that knows how
+/// the fixed drive paths ("C:\Pondera_Folder\Pondera\") lie on this system.
 class Roots {
   public:
     /// The folders below `base_folder`, which stands for "C:\Pondera_Folder"; its parent is the drive root.
@@ -26,12 +26,12 @@ class Roots {
     /// The folder of the Website named `name`.
     [[nodiscard]] QString website(const QString& name) const;
 
-    /// The native path that a fixed path stands for: "C:\Pondera_Folder\Pondera\Shop\index.htm" in any case of its fixed part and with
-    /// slashes either way; a path that is not below the drive root comes back unchanged.
+    /// The native path that a fixed path stands for: "C:\Pondera_Folder\Pondera\Shop\index.htm" in any case of its
+    /// fixed part and with slashes either way; a path that is not below the drive root comes back unchanged.
     [[nodiscard]] QString native(const QString& fixed_path) const;
 
-    /// `page_text` with every spelling of the Websites root (the fixed one, the native one, as a file: URL, percent-encoded or not,
-    /// slashes either way, any case of the fixed one) replaced by `replacement`.
+    /// `page_text` with every spelling of the Websites root (the fixed one, the native one, as a file: URL,
+    /// percent-encoded or not, slashes either way, any case of the fixed one) replaced by `replacement`.
     [[nodiscard]] QString replace_websites_root(const QString& page_text, const QString& replacement) const;
 
   private:

@@ -16,11 +16,12 @@ struct TextFile {
     TextEncoding encoding = TextEncoding::kUtf8;
 };
 
-/// What a file's bytes say: a byte order mark decides, else valid UTF-8, else windows-1252 (whose five unassigned bytes stand for the
-/// control characters of the same number, so that every byte comes back as it was).
+/// What a file's bytes say: a byte order mark decides, else valid UTF-8, else windows-1252 (whose five unassigned bytes
+/// stand for the control characters of the same number, so that every byte comes back as it was).
 [[nodiscard]] TextFile decode_text(const QByteArray& bytes);
 
-/// The bytes of `text` in `encoding`; a character that the encoding lacks is written as a decimal character reference ("&#8364;").
+/// The bytes of `text` in `encoding`; a character that the encoding lacks is written as a decimal character reference
+/// ("&#8364;").
 [[nodiscard]] QByteArray encode_text(const QString& text, TextEncoding encoding);
 
 /// Reads a whole text file. Fails with 76 for a missing file or folder, 70 for one that may not be read.

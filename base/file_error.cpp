@@ -1,0 +1,54 @@
+#include "base/file_error.h"
+
+#include <QDir>
+
+#include <array>
+#include <cerrno>
+
+namespace pondera {
+
+FaultNumber fault_of_errno(int error) {
+    switch (error) {
+        case 0:
+            return FaultNumber::kNone;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EISDIR:
+            return FaultNumber::kPermissionDenied;
+        case ENOENT:
+        case ENOTDIR:
+            return FaultNumber::kPathNotFound;
+        case EEXIST:
+            return FaultNumber::kAlreadyExists;
+        case ENOSPC:
+        case EDQUOT:
+            return FaultNumber::kDiskFull;
+        case EINVAL:
+        case ENAMETOOLONG:
+            return FaultNumber::kInvalidCall;
+        default:
+            return FaultNumber::kUnexpected;
+    }
+}
+
+FileError file_error_of(const QFileDevice& file) {
+    // A QFileDevice keeps the system's words but not its number, and errno itself may have moved on since.
+    static constexpr std::array kKnown{EACCES, EPERM,  EROFS,  EISDIR, ENOENT,      ENOTDIR,
+                                       EEXIST, ENOSPC, EDQUOT, EINVAL, ENAMETOOLONG};
+    const QString reason = file.errorString();
+    FaultNumber number = FaultNumber::kUnexpected;
+    const auto* known = std::ranges::find_if(kKnown, [&](int error) { return qt_error_string(error) == reason; });
+    if (known != kKnown.end())
+        number = fault_of_errno(*known);
+    else if (file.error() == QFileDevice::PermissionsError || QFileInfo(file.fileName()).isDir())
+        number = FaultNumber::kPermissionDenied;
+    return {number, QDir::toNativeSeparators(file.fileName()), reason};
+}
+
+FileError file_error_of(const std::error_code& error, const QString& path) {
+    return {fault_of_errno(error.default_error_condition().value()), QDir::toNativeSeparators(path),
+            QString::fromStdString(error.message())};
+}
+
+}  // namespace pondera

@@ -1,0 +1,75 @@
+#include "base/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <filesystem>
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kCopyChunk = 1 << 20;
+
+std::filesystem::path std_path(const QString& path) {
+    return QFileInfo(path).filesystemFilePath();
+}
+
+FileResult<void> result_of(const std::error_code& error, const QString& path) {
+    if (error) return std::unexpected(file_error_of(error, path));
+    return {};
+}
+
+}  // namespace
+
+FileResult<void> write_whole(QSaveFile& file, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const qint64 count = file.write(bytes.data(), bytes.size());
+        if (count <= 0) return std::unexpected(file_error_of(file));
+        bytes = bytes.sliced(count);
+    }
+    if (!file.flush()) return std::unexpected(file_error_of(file));
+    return {};
+}
+
+FileResult<void> copy_file(const QString& source, const QString& target, IfExists if_exists) {
+    QFile from(source);
+    if (!from.open(QIODevice::ReadOnly)) return std::unexpected(file_error_of(from));
+    if (if_exists == IfExists::kFail && QFileInfo::exists(target))
+        return std::unexpected(file_error_of(std::make_error_code(std::errc::file_exists), target));
+    QSaveFile to(target);
+    if (!to.open(QIODevice::WriteOnly)) return std::unexpected(file_error_of(to));
+    to.setPermissions(from.permissions());
+    while (!from.atEnd()) {
+        const QByteArray chunk = from.read(kCopyChunk);
+        if (from.error() != QFileDevice::NoError) return std::unexpected(file_error_of(from));
+        if (auto written = write_whole(to, chunk); !written) return written;
+    }
+    if (!to.commit()) return std::unexpected(file_error_of(to));
+    return {};
+}
+
+FileResult<void> remove_file(const QString& path) {
+    std::error_code error;
+    if (!std::filesystem::remove(std_path(path), error) && !error)
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+    return result_of(error, path);
+}
+
+FileResult<void> create_folder(const QString& path) {
+    std::error_code error;
+    if (!std::filesystem::create_directory(std_path(path), error) && !error)
+        error = std::make_error_code(std::errc::file_exists);
+    return result_of(error, path);
+}
+
+FileResult<void> create_folders(const QString& path) {
+    std::error_code error;
+    std::filesystem::create_directories(std_path(path), error);
+    return result_of(error, path);
+}
+
+}  // namespace pondera

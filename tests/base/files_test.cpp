@@ -1,0 +1,103 @@
+#include "base/files.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cerrno>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include "base/text_file.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A file system of one megabyte, or one that is mounted read-only. Mounting needs root.
+class MountedDisk {
+  public:
+    explicit MountedDisk(unsigned long flags)
+        : mounted_(mount("tmpfs", folder_.path().toUtf8().constData(), "tmpfs", flags, "size=1m") == 0) {}
+    ~MountedDisk() {
+        if (mounted_) umount(folder_.path().toUtf8().constData());
+    }
+    MountedDisk(const MountedDisk&) = delete;
+    MountedDisk& operator=(const MountedDisk&) = delete;
+
+    [[nodiscard]] bool mounted() const { return mounted_; }
+    [[nodiscard]] QString file(const QString& name) const { return folder_.filePath(name); }
+
+  private:
+    QTemporaryDir folder_;
+    bool mounted_;
+};
+
+TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
+    const MountedDisk disk(0);
+    if (!disk.mounted()) GTEST_SKIP() << "mounting a small disk needs root";
+    const QString page = disk.file(u"page.htm"_s);
+    ASSERT_TRUE(write_file(page, "old page"));
+
+    const QTemporaryDir elsewhere;
+    const QString big = elsewhere.filePath(u"big.htm"_s);
+    ASSERT_TRUE(write_file(big, QByteArray(3 << 20, 'x')));
+    for (const auto& result : {write_file(page, QByteArray(3 << 20, 'x')), copy_file(big, page, IfExists::kReplace)}) {
+        ASSERT_FALSE(result);
+        EXPECT_EQ(result.error().number, FaultNumber::kDiskFull);
+        EXPECT_EQ(read_file(page).value(), "old page");
+    }
+
+    // Full to the last block: a small file gets a name but no room.
+    ASSERT_TRUE(write_file(disk.file(u"filler"_s), QByteArray((1 << 20) - (3 * 4096), 'x')));
+    while (write_file(disk.file(u"filler%1"_s.arg(QDir(disk.file({})).count())), "x")) continue;
+    EXPECT_EQ(write_file(page, "small").error().number, FaultNumber::kDiskFull);
+    EXPECT_EQ(read_file(page).value(), "old page");
+}
+
+TEST(Files, ReadOnlyDiskIsPermissionDenied) {
+    const MountedDisk disk(MS_RDONLY);
+    if (!disk.mounted()) GTEST_SKIP() << "mounting a read-only disk needs root";
+    EXPECT_EQ(write_file(disk.file(u"page.htm"_s), "x").error().number, FaultNumber::kPermissionDenied);
+    EXPECT_EQ(create_folder(disk.file(u"Shop"_s)).error().number, FaultNumber::kPermissionDenied);
+}
+
+TEST(Files, CopyNeverTouchesAFileItMayNotReplace) {
+    const QTemporaryDir folder;
+    const QString source = folder.filePath(u"a"_s);
+    const QString target = folder.filePath(u"b"_s);
+    ASSERT_TRUE(write_file(source, "new"));
+    ASSERT_TRUE(write_file(target, "old"));
+    EXPECT_EQ(copy_file(source, target, IfExists::kFail).error().number, FaultNumber::kAlreadyExists);
+    EXPECT_EQ(read_file(target).value(), "old");
+    ASSERT_TRUE(copy_file(source, target, IfExists::kReplace));
+    EXPECT_EQ(read_file(target).value(), "new");
+    EXPECT_EQ(copy_file(folder.filePath(u"none"_s), target, IfExists::kReplace).error().number,
+              FaultNumber::kPathNotFound);
+    EXPECT_EQ(read_file(target).value(), "new");
+}
+
+TEST(Files, FoldersAndRemovalTellWhatWasInTheWay) {
+    const QTemporaryDir folder;
+    const QString shop = folder.filePath(u"Shop"_s);
+    ASSERT_TRUE(create_folder(shop));
+    EXPECT_EQ(create_folder(shop).error().number, FaultNumber::kAlreadyExists);
+    EXPECT_EQ(create_folder(folder.filePath(u"no/Shop"_s)).error().number, FaultNumber::kPathNotFound);
+    EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
+    EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
+    EXPECT_EQ(remove_file(folder.filePath(u"none"_s)).error().number, FaultNumber::kPathNotFound);
+}
+
+TEST(Files, ErrnoValuesHaveTheirNumbers) {
+    const std::vector<std::pair<int, FaultNumber>> cases{
+        {EACCES, FaultNumber::kPermissionDenied},  {EROFS, FaultNumber::kPermissionDenied},
+        {ENOENT, FaultNumber::kPathNotFound},      {ENOTDIR, FaultNumber::kPathNotFound},
+        {EEXIST, FaultNumber::kAlreadyExists},     {EDQUOT, FaultNumber::kDiskFull},
+        {ENAMETOOLONG, FaultNumber::kInvalidCall}, {EIO, FaultNumber::kUnexpected}};
+    for (const auto& [error, number] : cases) EXPECT_EQ(fault_of_errno(error), number) << error;
+}
+
+}  // namespace
+
+}  // namespace pondera
