@@ -1,0 +1,122 @@
+#pragma once
+
+#include <QDialog>
+#include <QKeySequence>
+
+#include <deque>
+#include <functional>
+#include <stdexcept>
+#include <variant>
+
+#include "workbench/prompts.h"
+
+namespace pondera {
+
+/// A form as the person at the machine works it: widgets by their objectName, real clicks and keys. What cannot be done
+/// (no such widget, a disabled or hidden button, no such entry) fails the test and closes the form.
+class FormHand {
+  public:
+    explicit FormHand(QDialog& form) : form_(form) {}
+
+    /// The form itself, for what the other functions do not offer.
+    [[nodiscard]] QDialog& form() const { return form_; }
+
+    /// The visible widget of that name.
+    template <typename T>
+    T& widget(const QString& name) const {
+        if (T* found = form_.findChild<T*>(name); found && found->isVisible()) return *found;
+        throw std::runtime_error(missing(name));
+    }
+
+    /// Replaces what a line edit, text edit, spin box or editable combo box holds.
+    void type(const QString& name, const QString& text) const;
+
+    /// Clicks a button with the mouse.
+    void click(const QString& name) const;
+
+    /// Picks the entry with that text in a list, tree or combo box.
+    void choose(const QString& name, const QString& entry) const;
+
+    /// Double-clicks the entry with that text in a list or tree.
+    void double_click(const QString& name, const QString& entry) const;
+
+    /// The texts of the entries of a list, tree (top level) or combo box.
+    [[nodiscard]] QStringList entries(const QString& name) const;
+
+    /// Presses a key in the widget that has the focus.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+
+    /// Saves a picture of the form as FOLDER/`name`.png when the environment variable PONDERA_PICTURES names a folder.
+    void photograph(const QString& name) const;
+
+  private:
+    [[nodiscard]] std::string missing(const QString& what) const;
+
+    QDialog& form_;
+};
+
+/// The person of a test: answers the prompts in the order of a script and records every message. A prompt that is not
+/// next in the script, an answer that the message does not offer, a form left open and a step that was never asked for
+/// each fail the test.
+class ScriptedPrompts : public Prompts {
+  public:
+    using Filler = std::function<void(const FormHand&)>;
+
+    ~ScriptedPrompts() override;
+
+    /// Next comes a message whose text holds `part`.
+    ScriptedPrompts& expect_message(const QString& part, Answer answer = Answer::kOk);
+
+    /// Next comes the form of that objectName (class name where it has none); it is really shown, and `fill` works it
+    /// until it closes. Messages that the form shows meanwhile are the next steps.
+    ScriptedPrompts& expect_form(const QString& name, Filler fill);
+
+    /// Next comes a picker; an empty path or invalid colour is Cancel.
+    ScriptedPrompts& expect_file(const QString& path);
+    ScriptedPrompts& expect_folder(const QString& path);
+    ScriptedPrompts& expect_colour(const QColor& colour);
+
+    /// Every message shown so far.
+    [[nodiscard]] const QList<Message>& messages() const { return messages_; }
+
+    /// Every picker's question so far.
+    [[nodiscard]] const QList<FileQuestion>& questions() const { return questions_; }
+
+    Answer message(const Message& message) override;
+    bool run(QDialog& form) override;
+    std::optional<QString> choose_file(const FileQuestion& question) override;
+    std::optional<QString> choose_folder(const QString& title, const QString& start_folder) override;
+    std::optional<QColor> choose_colour(const QString& title, const QColor& initial) override;
+
+  private:
+    struct MessageStep {
+        QString part;
+        Answer answer;
+    };
+    struct FormStep {
+        QString name;
+        Filler fill;
+    };
+    struct FileStep {
+        QString path;
+    };
+    struct FolderStep {
+        QString path;
+    };
+    struct ColourStep {
+        QColor colour;
+    };
+    using Step = std::variant<MessageStep, FormStep, FileStep, FolderStep, ColourStep>;
+
+    /// Takes the next step when it is one of kind T; fails the test with `asked` when it is not.
+    template <typename T>
+    std::optional<T> next(const QString& asked);
+
+    static QString describe(const Step& step);
+
+    std::deque<Step> script_;
+    QList<Message> messages_;
+    QList<FileQuestion> questions_;
+};
+
+}  // namespace pondera
