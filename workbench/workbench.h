@@ -4,6 +4,7 @@
 
 #include "site/page_kind.h"
 #include "workbench/command.h"
+#include "workbench/popup_size.h"
 
 class QSettings;
 class QWidget;
@@ -35,6 +36,9 @@ class Workbench {
     [[nodiscard]] virtual QString page() const = 0;            ///< published file name of the page under edit, empty when none
     [[nodiscard]] virtual PageKind page_kind() const = 0;
     [[nodiscard]] virtual bool browsing() const = 0;  ///< true in browse mode
+
+    /// The window size recorded for popups; it lives as long as the program.
+    virtual PopupSize& popup_size() = 0;
 
     /// Makes a Website current and loads its home page; asks about unsaved changes first. False when the person refused or it failed
     /// (reported).
