@@ -3,6 +3,7 @@
 #include <QKeySequence>
 #include <QList>
 #include <QString>
+
 #include <optional>
 
 #include "workbench/editing_control.h"
@@ -11,7 +12,8 @@ namespace pondera {
 
 class Workbench;
 
-/// A help page: its path in the help folder ("/_HELP/_6_Ins Image.htm") and the viewer's caption ("Help - Select Image").
+/// A help page: its path in the help folder ("/_HELP/_6_Ins Image.htm") and the viewer's caption ("Help - Select
+/// Image").
 struct Help {
     QString page;
     QString caption;
@@ -20,9 +22,9 @@ struct Help {
 /// When a command can be chosen.
 enum class Enabled { kAlways, kWebsite, kEditing, kEditorStatus, kModified };
 
-/// One command of the program: menus and toolbar are built from these rows. `menu` is the path of the menu that holds it ("Insert",
-/// "Page/Background"); an empty one is reached by toolbar or keyboard only. Rows of one menu stand in table order; a row whose caption
-/// is empty is a separator.
+/// One command of the program: menus and toolbar are built from these rows. `menu` is the path of the menu that holds
+/// it ("Insert", "Page/Background"); an empty one is reached by toolbar or keyboard only. Rows of one menu stand in
+/// table order; a row whose caption is empty is a separator.
 struct Command {
     QString name;     ///< objectName of the action: "mnu_ins_marchio"
     QString caption;  ///< with its accelerator: "&Image..."

@@ -3,6 +3,7 @@
 #include <QRect>
 #include <QString>
 #include <QVariant>
+
 #include <optional>
 
 #include "base/file_error.h"
@@ -49,14 +50,15 @@ enum class CommandStatus { kNotSupported = 0, kDisabled = 1, kEnabled = 3, kLatc
 
 enum class SelectionType { kNone, kText, kControl };
 
-/// The selected image or positioned element, as the control shows it: lengths in CSS pixels, relative to the offset parent.
+/// The selected image or positioned element, as the control shows it: lengths in CSS pixels, relative to the offset
+/// parent.
 struct SelectedElement {
     QString tag;  ///< upper case: "IMG", "DIV"
     QString name;
     QString alt;
     QString src;
-    QRect box;            ///< offsetLeft, offsetTop, offsetWidth, offsetHeight
-    QString z_index;      ///< the style's own value, empty when it has none
+    QRect box;        ///< offsetLeft, offsetTop, offsetWidth, offsetHeight
+    QString z_index;  ///< the style's own value, empty when it has none
     bool positioned = false;
     bool locked = false;
     QString outer_html;         ///< in the control's own spelling
@@ -67,40 +69,45 @@ struct SelectedElement {
 /// What is selected in the page under edit.
 struct Selection {
     SelectionType type = SelectionType::kNone;
-    QString text;         ///< the selected characters (type Text)
-    QString html;         ///< the selected markup (type Text)
-    QString link_href;    ///< the link around or in the selection, empty when there is none
-    QString parent_outer_html;  ///< the element that holds the selected text
+    QString text;                            ///< the selected characters (type Text)
+    QString html;                            ///< the selected markup (type Text)
+    QString link_href;                       ///< the link around or in the selection, empty when there is none
+    QString parent_outer_html;               ///< the element that holds the selected text
     std::optional<SelectedElement> element;  ///< set for type Control
 };
 
-/// The editing control holds one page for editing in place. Its text is the control's own spelling of the document (upper-case tags,
-/// styles as "Z-INDEX: 830; LEFT: 10px"); every change, whoever makes it, goes through its history and can be undone.
+/// The editing control holds one page for editing in place. Its text is the control's own spelling of the document
+/// (upper-case tags, styles as "Z-INDEX: 830; LEFT: 10px"); every change, whoever makes it, goes through its history
+/// and can be undone.
 class EditingControl {
   public:
     virtual ~EditingControl() = default;
 
-    /// Loads a page file; the history starts anew. Fails with the numbers of FaultNumber: file not found, invalid path, access denied,
-    /// frameset, mainly a server script, binary, too large. On failure the control keeps the document that it had.
+    /// Loads a page file; the history starts anew. Fails with the numbers of FaultNumber: file not found, invalid path,
+    /// access denied, frameset, mainly a server script, binary, too large. On failure the control keeps the document
+    /// that it had.
     virtual FileResult<void> load_document(const QString& path) = 0;
 
-    /// Writes the document to `path` in the encoding that it was read in; afterwards the control is unmodified. On failure the file on
-    /// disk is the old one and the control stays modified.
+    /// Writes the document to `path` in the encoding that it was read in; afterwards the control is unmodified. On
+    /// failure the file on disk is the old one and the control stays modified.
     virtual FileResult<void> save_document(const QString& path) = 0;
 
     /// The path of the loaded document; empty when there is none.
     [[nodiscard]] virtual QString document_path() const = 0;
 
-    /// True when the document's file was changed, replaced or removed by another program since it was loaded or saved here.
+    /// True when the document's file was changed, replaced or removed by another program since it was loaded or saved
+    /// here.
     [[nodiscard]] virtual bool changed_on_disk() const = 0;
 
-    /// True when the document differs from what was last loaded or saved; undoing back to that state makes it false again.
+    /// True when the document differs from what was last loaded or saved; undoing back to that state makes it false
+    /// again.
     [[nodiscard]] virtual bool modified() = 0;
 
     /// The whole document in the control's own spelling.
     [[nodiscard]] virtual QString text() = 0;
 
-    /// Replaces the whole document by `html`, as one step that can be undone. Unchanged parts of the body stay as they are.
+    /// Replaces the whole document by `html`, as one step that can be undone. Unchanged parts of the body stay as they
+    /// are.
     virtual void replace_text(const QString& html) = 0;
 
     /// Inserts markup at the end of the document body, selects the element and scrolls to it; one step.
@@ -114,7 +121,8 @@ class EditingControl {
     /// Replaces the markup of the selected element (type Control) by markup and selects the element again; one step.
     virtual bool replace_selected_element(const QString& markup) = 0;
 
-    /// Replaces the link (A element) around the selection, or the selection's parent element where there is none, by markup; one step.
+    /// Replaces the link (A element) around the selection, or the selection's parent element where there is none, by
+    /// markup; one step.
     virtual bool replace_selection_parent(const QString& markup) = 0;
 
     /// Selects the first image or positioned element with that `name`; false when the page has none.
@@ -122,8 +130,8 @@ class EditingControl {
 
     [[nodiscard]] virtual CommandStatus status(EditCommand command) = 0;
 
-    /// Executes a command; `value` is the font name, the font size 1 to 7, the colour "#RRGGBB", the link address, or for a table
-    /// "ROWSxCOLUMNS". False when the command's status does not allow it.
+    /// Executes a command; `value` is the font name, the font size 1 to 7, the colour "#RRGGBB", the link address, or
+    /// for a table "ROWSxCOLUMNS". False when the command's status does not allow it.
     virtual bool execute(EditCommand command, const QVariant& value = {}) = 0;
 
     /// Pastes the clipboard's text without any formatting; one step.

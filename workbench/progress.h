@@ -9,7 +9,8 @@ class Progress {
   public:
     virtual ~Progress() = default;
 
-    /// Starts a run of `steps` steps (0: unknown) with the two texts of the status bar ("Save of page", "in progress...").
+    /// Starts a run of `steps` steps (0: unknown) with the two texts of the status bar ("Save of page", "in
+    /// progress...").
     virtual void begin(const QString& what, const QString& state, int steps) = 0;
 
     /// Advances to `done` steps and lets the window paint.

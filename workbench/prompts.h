@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QList>
 #include <QString>
+
 #include <optional>
 
 class QDialog;
@@ -12,7 +13,8 @@ namespace pondera {
 enum class Answer { kOk, kCancel, kYes, kNo, kSave, kDiscard, kOverwrite, kReload };
 enum class MessageIcon { kNone, kInformation, kQuestion, kExclamation, kCritical };
 
-/// A message box: the first answer is the default button; Esc gives kCancel when offered, else kNo, else the only answer.
+/// A message box: the first answer is the default button; Esc gives kCancel when offered, else kNo, else the only
+/// answer.
 struct Message {
     QString text;
     MessageIcon icon = MessageIcon::kInformation;
@@ -27,7 +29,8 @@ struct FileQuestion {
     QStringList filters;
 };
 
-/// The one seam to the person. The program's implementation shows windows; the tests' one answers from a script and records every text.
+/// The one seam to the person. The program's implementation shows windows; the tests' one answers from a script and
+/// records every text.
 class Prompts {
   public:
     virtual ~Prompts() = default;
@@ -35,7 +38,8 @@ class Prompts {
     /// Shows a message box and gives the answer.
     virtual Answer message(const Message& message) = 0;
 
-    /// Runs a form modally; true when it was accepted. The form has its own OK handling and stays open while that refuses.
+    /// Runs a form modally; true when it was accepted. The form has its own OK handling and stays open while that
+    /// refuses.
     virtual bool run(QDialog& form) = 0;
 
     virtual std::optional<QString> choose_file(const FileQuestion& question) = 0;
@@ -43,7 +47,9 @@ class Prompts {
     virtual std::optional<QColor> choose_colour(const QString& title, const QColor& initial) = 0;
 
     /// `message` with the OK button only.
-    void tell(const QString& text, MessageIcon icon = MessageIcon::kExclamation) { message({text, icon, {Answer::kOk}, {}}); }
+    void tell(const QString& text, MessageIcon icon = MessageIcon::kExclamation) {
+        message({text, icon, {Answer::kOk}, {}});
+    }
 
     /// True when `question` was answered with Yes.
     bool yes(const QString& question) {

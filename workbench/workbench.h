@@ -16,8 +16,9 @@ class Progress;
 class Prompts;
 class Roots;
 
-/// What a command gets to work with: the folders, the open Website and page, the editing control, the person, the progress bar, and the
-/// operations that every command shares. The shell implements it; a command keeps no reference to it.
+/// What a command gets to work with: the folders, the open Website and page, the editing control, the person, the
+/// progress bar, and the operations that every command shares. The shell implements it; a command keeps no reference to
+/// it.
 class Workbench {
   public:
     virtual ~Workbench() = default;
@@ -33,27 +34,29 @@ class Workbench {
 
     [[nodiscard]] virtual QString website() const = 0;         ///< name of the open Website, empty when none is open
     [[nodiscard]] virtual QString website_folder() const = 0;  ///< its folder, native, without closing separator
-    [[nodiscard]] virtual QString page() const = 0;            ///< published file name of the page under edit, empty when none
+    [[nodiscard]] virtual QString page() const = 0;  ///< published file name of the page under edit, empty when none
     [[nodiscard]] virtual PageKind page_kind() const = 0;
     [[nodiscard]] virtual bool browsing() const = 0;  ///< true in browse mode
 
     /// The window size recorded for popups; it lives as long as the program.
     virtual PopupSize& popup_size() = 0;
 
-    /// Makes a Website current and loads its home page; asks about unsaved changes first. False when the person refused or it failed
-    /// (reported).
+    /// Makes a Website current and loads its home page; asks about unsaved changes first. False when the person refused
+    /// or it failed (reported).
     virtual bool open_website(const QString& name) = 0;
 
     /// Returns to the state without a Website. Unsaved changes are not asked about.
     virtual void close_website() = 0;
 
-    /// Loads a page of the open Website by its published name (NUOVA_VIDEATA); asks about unsaved changes first. Failures are reported.
+    /// Loads a page of the open Website by its published name (NUOVA_VIDEATA); asks about unsaved changes first.
+    /// Failures are reported.
     virtual bool load(const QString& name) = 0;
 
     /// Takes the current page's editing copy from disk into the editor again, as one step that can be undone.
     virtual bool reload() = 0;
 
-    /// Saves the page under edit and writes its published page (Salvataggio_Doc_Cor). Failures are reported and leave it unsaved.
+    /// Saves the page under edit and writes its published page (Salvataggio_Doc_Cor). Failures are reported and leave
+    /// it unsaved.
     virtual bool save() = 0;
 
     /// Asks "save, discard or cancel" when there are unsaved changes; true when the command may go on.

@@ -1,0 +1,286 @@
+#include "shell/editing/dhtml_edit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QVBoxLayout>
+#include <QWebEngineView>
+
+#include "shell/editing/document_checks.h"
+#include "shell/editing/script_page.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kKeepTextAfter = 3000;  // milliseconds of rest after a change until the text is kept
+
+QByteArray digest_of(const QByteArray& bytes) {
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+QStringList local_files(const QMimeData* data) {
+    QStringList paths;
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile()) paths.append(url.toLocalFile());
+    }
+    return paths;
+}
+
+// The control has numbers of its own for a missing file, a missing folder and a full disk.
+FileError control_error(FileError error) {
+    if (error.number == FaultNumber::kDiskFull) {
+        error.number = FaultNumber::kWriteDiskFull;
+    } else if (error.number == FaultNumber::kPathNotFound) {
+        const bool folder_exists = QFileInfo(error.path).absoluteDir().exists();
+        error.number = folder_exists ? FaultNumber::kFileNotFound : FaultNumber::kInvalidPath;
+    }
+    return error;
+}
+
+SelectedElement element_from(const QJsonObject& json) {
+    SelectedElement element;
+    element.tag = json[u"tag"_s].toString();
+    element.name = json[u"name"_s].toString();
+    element.alt = json[u"alt"_s].toString();
+    element.src = json[u"src"_s].toString();
+    element.box =
+        QRect(json[u"left"_s].toInt(), json[u"top"_s].toInt(), json[u"width"_s].toInt(), json[u"height"_s].toInt());
+    element.z_index = json[u"zIndex"_s].toString();
+    element.positioned = json[u"positioned"_s].toBool();
+    element.locked = json[u"locked"_s].toBool();
+    element.outer_html = json[u"outer"_s].toString();
+    element.parent_tag = json[u"parentTag"_s].toString();
+    element.parent_outer_html = json[u"parentOuter"_s].toString();
+    return element;
+}
+
+}  // namespace
+
+DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineView(this)), page_(new ScriptPage(view_)) {
+    setObjectName(u"DHTMLEdit1"_s);
+    view_->setPage(page_);
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view_);
+    setFocusProxy(view_);
+
+    connect(view_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { emit contextMenuRequested(view_->mapToGlobal(place)); });
+    // Queued: a question to the script must not be asked from within the engine's own call.
+    connect(
+        page_, &ScriptPage::stateTold, this,
+        [this] {
+            keep_text_.start(kKeepTextAfter);
+            emit stateChanged();
+        },
+        Qt::QueuedConnection);
+    connect(page_, &ScriptPage::pasteAsked, this, &DHTMLEdit::paste, Qt::QueuedConnection);
+    connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this](auto status) {
+        if (status != QWebEnginePage::NormalTerminationStatus)
+            QMetaObject::invokeMethod(this, &DHTMLEdit::restore_after_crash, Qt::QueuedConnection);
+    });
+    keep_text_.setSingleShot(true);
+    connect(&keep_text_, &QTimer::timeout, this, [this] {
+        page_->call_later(u"documentText.text"_s, [this](const QJsonValue& text) {
+            if (text.isString()) known_text_ = text.toString();
+        });
+    });
+    view_->installEventFilter(this);
+    view_->setAcceptDrops(true);
+}
+
+DHTMLEdit::~DHTMLEdit() = default;
+
+FileResult<void> DHTMLEdit::load_document(const QString& path) {
+    if (QFileInfo(path).size() > kLargestPage) return std::unexpected(FileError{FaultNumber::kTooLarge, path, {}});
+    const auto bytes = read_file(path);
+    if (!bytes) return std::unexpected(control_error(bytes.error()));
+    if (const FaultNumber fault = fault_of_bytes(*bytes); fault != FaultNumber::kNone)
+        return std::unexpected(FileError{fault, path, {}});
+    const TextFile file = decode_text(*bytes);
+    if (const FaultNumber fault = fault_of_text(file.text); fault != FaultNumber::kNone) {
+        return std::unexpected(FileError{fault, path, {}});
+    }
+    folder_ = QFileInfo(path).absolutePath();
+    if (!page_->start(QUrl::fromLocalFile(folder_ + u'/')))
+        return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
+    encoding_ = file.encoding;
+    line_end_ = file.text.contains(u"\r\n"_s)                             ? u"\r\n"_s
+                : file.text.contains(u'\n') || !file.text.contains(u'\r') ? u"\n"_s
+                                                                          : u"\r"_s;
+    path_ = path;
+    remember_stamp(*bytes);
+    show_text(file.text);
+    emit stateChanged();
+    return {};
+}
+
+FileResult<void> DHTMLEdit::save_document(const QString& path) {
+    const QString whole = text();
+    if (whole.isEmpty()) return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
+    const QByteArray bytes = encode_text(whole, encoding_);
+    const auto written = write_file(path, bytes);
+    if (!written) return std::unexpected(control_error(written.error()));
+    path_ = path;
+    remember_stamp(bytes);
+    page_->call(u"history.markSaved"_s);
+    emit stateChanged();
+    return {};
+}
+
+void DHTMLEdit::remember_stamp(const QByteArray& bytes) {
+    digest_ = digest_of(bytes);
+}
+
+bool DHTMLEdit::changed_on_disk() const {
+    if (path_.isEmpty()) return false;
+    const auto bytes = read_file(path_);
+    return !bytes || digest_of(*bytes) != digest_;
+}
+
+void DHTMLEdit::show_text(const QString& text) {
+    page_->call(u"documentText.load"_s, {text});
+    known_text_ = text;
+}
+
+QString DHTMLEdit::with_line_ends(const QString& text) const {
+    return line_end_ == u"\n"_s ? text : QString(text).replace(u'\n', line_end_);
+}
+
+bool DHTMLEdit::modified() {
+    return !path_.isEmpty() && page_->call(u"history.modified"_s).toBool();
+}
+
+QString DHTMLEdit::text() {
+    if (path_.isEmpty()) return {};
+    const QJsonValue text = page_->call(u"documentText.text"_s);
+    return with_line_ends(text.toString());
+}
+
+void DHTMLEdit::replace_text(const QString& html) {
+    page_->call(u"documentText.replace"_s, {html});
+}
+
+void DHTMLEdit::paste_at_end(const QString& markup) {
+    page_->call(u"documentText.pasteAtEnd"_s, {markup});
+}
+
+Selection DHTMLEdit::selection() {
+    const QJsonObject json = page_->call(u"selection.describe"_s).toObject();
+    Selection selection;
+    selection.link_href = json[u"link"_s].toString();
+    const QString type = json[u"type"_s].toString();
+    if (type == u"text"_s) {
+        selection.type = SelectionType::kText;
+        selection.text = json[u"text"_s].toString();
+        selection.html = json[u"html"_s].toString();
+        selection.parent_outer_html = json[u"parent"_s].toString();
+    } else if (type == u"control"_s) {
+        selection.type = SelectionType::kControl;
+        selection.element = element_from(json[u"element"_s].toObject());
+    }
+    return selection;
+}
+
+bool DHTMLEdit::replace_selection(const QString& markup) {
+    return page_->call(u"documentText.replaceSelection"_s, {markup}).toBool();
+}
+
+bool DHTMLEdit::replace_selected_element(const QString& markup) {
+    return page_->call(u"documentText.replaceElement"_s, {markup}).toBool();
+}
+
+bool DHTMLEdit::replace_selection_parent(const QString& markup) {
+    return page_->call(u"documentText.replaceParent"_s, {markup}).toBool();
+}
+
+bool DHTMLEdit::select_element(const QString& name) {
+    return page_->call(u"documentText.selectElement"_s, {name}).toBool();
+}
+
+CommandStatus DHTMLEdit::status(EditCommand command) {
+    if (path_.isEmpty()) return CommandStatus::kDisabled;
+    return static_cast<CommandStatus>(page_->call(u"commands.status"_s, {static_cast<int>(command)}).toInt());
+}
+
+bool DHTMLEdit::execute(EditCommand command, const QVariant& value) {
+    if (path_.isEmpty()) return false;
+    switch (command) {
+        case EditCommand::kCopy:
+            return copy();
+        case EditCommand::kCut:
+            return copy() && execute(EditCommand::kDelete);
+        case EditCommand::kPaste:
+            paste();
+            return true;
+        default:
+            return page_->call(u"commands.execute"_s, {static_cast<int>(command), QJsonValue::fromVariant(value)})
+                .toBool();
+    }
+}
+
+bool DHTMLEdit::copy() {
+    const QJsonObject copied = page_->call(u"clipboard.copied"_s).toObject();
+    if (copied.isEmpty()) return false;
+    auto* data = new QMimeData;
+    data->setHtml(copied[u"html"_s].toString());
+    data->setText(copied[u"text"_s].toString());
+    QApplication::clipboard()->setMimeData(data);
+    return true;
+}
+
+void DHTMLEdit::paste() {
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    if (!data || path_.isEmpty()) return;
+    const QStringList files = local_files(data);
+    if (!files.isEmpty()) {
+        emit filesDropped(files);
+    } else if (data->hasHtml() || data->hasText()) {
+        page_->call(u"clipboard.paste"_s, {data->html(), data->text()});
+    }
+}
+
+void DHTMLEdit::paste_text() {
+    const QString text = QApplication::clipboard()->text();
+    if (!path_.isEmpty() && !text.isEmpty()) page_->call(u"clipboard.pasteText"_s, {text});
+}
+
+void DHTMLEdit::caret_to_start() {
+    page_->call(u"documentText.caretToStart"_s);
+}
+
+QJsonObject DHTMLEdit::state() {
+    return path_.isEmpty() ? QJsonObject() : page_->call(u"state"_s).toObject();
+}
+
+void DHTMLEdit::restore_after_crash() {
+    if (path_.isEmpty() || !page_->start(QUrl::fromLocalFile(folder_ + u'/'))) return;
+    const QString kept = known_text_;
+    if (const auto file = read_text_file(path_)) show_text(file->text);
+    replace_text(kept);
+    emit restoredAfterCrash();
+    emit stateChanged();
+}
+
+bool DHTMLEdit::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop)) {
+        auto* drop = static_cast<QDropEvent*>(event);
+        const QStringList files = local_files(drop->mimeData());
+        if (!files.isEmpty()) {
+            drop->acceptProposedAction();
+            if (event->type() == QEvent::Drop) emit filesDropped(files);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace pondera

@@ -1,0 +1,184 @@
+// What the person does with mouse and keyboard, and what the program is told of it.
+"use strict";
+
+(() => {
+    const selection = pondera.selection;
+    const history = pondera.history;
+
+    // The program listens to these lines and then asks for the state once.
+    let told = false;
+    function tell() {
+        if (told) return;
+        told = true;
+        setTimeout(() => {
+            told = false;
+            console.info("pondera:state");
+        }, 20);
+    }
+    pondera.changed = () => {
+        selection.placeFrame();
+        tell();
+    };
+    pondera.moved = tell;
+
+    const on = (type, listener) => window.addEventListener(type, listener, { capture: true, passive: false });
+    const outsideFrame = event => event.target !== pondera.frameHost;
+
+    on("mousedown", event => {
+        if (!outsideFrame(event)) return;
+        history.commit();
+        const element = selection.pickAt(event.clientX, event.clientY, event.target);
+        if (!element) {
+            selection.leaveEntered(event.target);
+            selection.select(null);
+            return;
+        }
+        event.preventDefault();
+        document.body.focus();
+        selection.select(element);
+        if (event.button === 0) pondera.moving.start(event, element);
+    });
+    on("mousemove", event => pondera.moving.move(event));
+    on("mouseup", event => {
+        if (pondera.moving.finish()) event.preventDefault();
+    });
+    on("click", event => event.preventDefault());
+    on("dblclick", event => {
+        const element = selection.control();
+        if (!element || !outsideFrame(event)) return;
+        event.preventDefault();
+        if (element.localName !== "img") selection.enter(element, event.clientX, event.clientY);
+    });
+    on("dragstart", event => {
+        if (selection.pick(event.target)) event.preventDefault();
+    });
+    on("drop", () => history.begin("drop"));
+
+    const kArrows = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] };
+
+    function nextElement(backwards) {
+        const all = selection.selectable();
+        if (!all.length) return;
+        const at = all.indexOf(selection.control());
+        const next = all[(at + (backwards ? all.length - 1 : 1)) % all.length];
+        selection.select(next);
+        next.scrollIntoView({ block: "nearest" });
+    }
+
+    function controlKey(event, element) {
+        const plain = !event.ctrlKey && !event.metaKey && !event.altKey;
+        if (kArrows[event.key] && plain) {
+            const [x, y] = kArrows[event.key], by = event.shiftKey ? 10 : 1;
+            pondera.moving.nudge(element, x * by, y * by);
+        } else if (event.key === "Escape") {
+            if (!pondera.moving.cancel()) selection.select(null);
+        } else if (event.key === "Delete" || event.key === "Backspace") {
+            pondera.commands.execute(5004);
+        } else if (event.key === "Tab") {
+            nextElement(event.shiftKey);
+        } else if (event.key === "Enter" && element.localName !== "img") {
+            const box = element.getBoundingClientRect();
+            selection.enter(element, box.left + 4, box.top + 4);
+        } else if (!plain || event.key.length > 1) {
+            return;
+        }
+        event.preventDefault();
+    }
+
+    on("keydown", event => {
+        const key = event.key.toLowerCase();
+        if ((event.ctrlKey || event.metaKey) && !event.altKey && (key === "z" || key === "y")) {
+            event.preventDefault();
+            if (key === "y" || event.shiftKey) history.redo();
+            else history.undo();
+            return;
+        }
+        if (event.key === "F6" || (event.key === "Escape" && selection.entered())) {
+            event.preventDefault();
+            if (event.key === "F6") nextElement(event.shiftKey);
+            else selection.select(selection.entered());
+            return;
+        }
+        const element = selection.control();
+        if (element) controlKey(event, element);
+        else if (kArrows[event.key] || ["Home", "End", "PageUp", "PageDown"].includes(event.key)) history.commit();
+    });
+
+    // Own commands carry these out, so that buttons, menus and keys do the same.
+    const kFormats = { formatBold: 5000, formatItalic: 5023, formatUnderline: 5048 };
+
+    let afterSpace = false;
+    on("beforeinput", event => {
+        if (event.inputType === "historyUndo" || event.inputType === "historyRedo") {
+            event.preventDefault();
+            if (event.inputType === "historyUndo") history.undo();
+            else history.redo();
+            return;
+        }
+        if (selection.control()) {
+            event.preventDefault();
+            return;
+        }
+        if (kFormats[event.inputType]) {
+            event.preventDefault();
+            pondera.commands.execute(kFormats[event.inputType]);
+            return;
+        }
+        if (event.inputType === "insertText" || event.inputType === "insertCompositionText") {
+            const space = /^\s+$/.test(event.data || "");
+            history.typing("typing", afterSpace && !space);
+            afterSpace = space;
+        } else if (event.inputType.startsWith("deleteContent")) {
+            history.typing("deleting");
+        } else if (event.inputType !== "insertFromDrop" && event.inputType !== "deleteByDrag") {
+            history.typing("single");
+        }
+    });
+    on("input", () => pondera.changed());
+
+    on("copy", event => put(event));
+    on("cut", event => {
+        if (put(event)) pondera.commands.execute(5004);
+    });
+    on("beforecopy", event => selection.control() && event.preventDefault());
+    on("beforecut", event => selection.control() && event.preventDefault());
+
+    function put(event) {
+        const data = pondera.clipboard.copied();
+        if (!data) return false;
+        event.preventDefault();
+        event.clipboardData.setData("text/html", data.html);
+        event.clipboardData.setData("text/plain", data.text);
+        return true;
+    }
+
+    // The program reads the clipboard itself: it can also hold a picture.
+    on("paste", event => {
+        event.preventDefault();
+        console.info("pondera:paste");
+    });
+
+    document.addEventListener("selectionchange", () => {
+        if (selection.control() && getSelection().rangeCount && !getSelection().isCollapsed) selection.select(null);
+        history.selectionMoved();
+        tell();
+    });
+    on("resize", () => selection.placeFrame());
+    on("load", () => selection.placeFrame());  // pictures that arrive
+
+    function state() {
+        return {
+            statuses: pondera.commands.statuses(), font: pondera.commands.fontValue("fontName"), size: pondera.commands.fontValue("fontSize"),
+            modified: history.modified(), selection: selection.describe().type
+        };
+    }
+    pondera.state = state;
+
+    // The one way in for the program: a function by its dotted name, its arguments, and the result as JSON.
+    pondera.call = (name, ...args) => {
+        let target = pondera, holder = null;
+        for (const part of name.split(".")) [holder, target] = [target, target[part]];
+        const result = target.apply(holder, args);
+        return JSON.stringify(result === undefined ? null : result);
+    };
+})();

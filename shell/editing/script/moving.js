@@ -1,0 +1,217 @@
+// Moving and sizing the selected element with the mouse and the arrow keys, with guide lines at the edges and centres of the other elements
+// and of the page, to which it snaps (Alt lets it off).
+"use strict";
+
+pondera.moving = (() => {
+    const kSnap = 6;        // px within which an edge snaps
+    const kThreshold = 3;   // px that the mouse must travel before a click becomes a drag
+    const kMostOthers = 300;
+    const kEdge = 24;       // px from the window's edge where dragging scrolls
+
+    const spelling = pondera.spelling;
+    let drag = null;
+
+    const px = value => Math.round(value) + "px";
+    const number = value => parseFloat(value) || 0;
+
+    function usedLength(element, property) {
+        const value = getComputedStyle(element)[property];
+        if (value.endsWith("px")) return parseFloat(value);
+        return property === "left" ? element.offsetLeft : property === "top" ? element.offsetTop : 0;
+    }
+
+    // Gives an element of the text flow a place of its own where it stands.
+    function makeAbsolute(element) {
+        if (pondera.selection.isPositioned(element)) return;
+        const before = element.getBoundingClientRect();
+        spelling.setStyle(element, { "z-index": pondera.commands.nextLevel(), left: "0px", position: "absolute", top: "0px" });
+        const now = element.getBoundingClientRect();
+        spelling.setStyle(element, { left: px(before.left - now.left), top: px(before.top - now.top) });
+    }
+
+    function lines(rect) {
+        return {
+            x: [rect.left, (rect.left + rect.right) / 2, rect.right],
+            y: [rect.top, (rect.top + rect.bottom) / 2, rect.bottom]
+        };
+    }
+
+    function candidates(element) {
+        const others = pondera.selection.selectable().filter(e => e !== element && !element.contains(e) && !e.contains(element));
+        const rects = others.slice(0, kMostOthers).map(e => e.getBoundingClientRect()).filter(r => r.width > 1 && r.height > 1);
+        rects.push(document.body.getBoundingClientRect());
+        return rects.map(r => ({ left: r.left + scrollX, right: r.right + scrollX, top: r.top + scrollY, bottom: r.bottom + scrollY }));
+    }
+
+    // The smallest shift that brings one of `own` onto a line of the others, and those lines.
+    function snap(own, axis, others) {
+        let best = null;
+        for (const rect of others) {
+            for (const line of lines(rect)[axis]) {
+                for (const edge of own) {
+                    const shift = line - edge;
+                    if (Math.abs(shift) <= kSnap && (!best || Math.abs(shift) < Math.abs(best))) best = shift;
+                }
+            }
+        }
+        return best;
+    }
+
+    function guideLines(box, others) {
+        const found = [];
+        for (const axis of ["x", "y"]) {
+            const [from, to] = axis === "x" ? ["top", "bottom"] : ["left", "right"];
+            for (const edge of lines(box)[axis]) {
+                const hits = others.filter(r => lines(r)[axis].some(line => Math.abs(line - edge) < 0.75));
+                if (!hits.length) continue;
+                const shift = axis === "x" ? -scrollX : -scrollY;
+                const cross = axis === "x" ? -scrollY : -scrollX;
+                found.push({
+                    [axis]: edge + shift, from: Math.min(box[from], ...hits.map(r => r[from])) + cross,
+                    to: Math.max(box[to], ...hits.map(r => r[to])) + cross
+                });
+            }
+        }
+        return found;
+    }
+
+    function pageBox(element) {
+        const r = element.getBoundingClientRect();
+        return { left: r.left + scrollX, right: r.right + scrollX, top: r.top + scrollY, bottom: r.bottom + scrollY };
+    }
+
+    const shifted = (box, dx, dy) => ({ left: box.left + dx, right: box.right + dx, top: box.top + dy, bottom: box.bottom + dy });
+
+    function start(event, element) {
+        drag = { element, handle: "", x: event.clientX + scrollX, y: event.clientY + scrollY, started: false };
+    }
+
+    function startSizing(event, element, handle) {
+        event.preventDefault();
+        event.stopPropagation();
+        if (!element || pondera.selection.isLocked(element)) return;
+        drag = { element, handle, x: event.clientX + scrollX, y: event.clientY + scrollY, started: false };
+    }
+
+    function begin() {
+        pondera.history.begin("drag");
+        drag.started = true;
+        if (!drag.handle) makeAbsolute(drag.element);
+        const style = getComputedStyle(drag.element);
+        Object.assign(drag, {
+            left: usedLength(drag.element, "left"), top: usedLength(drag.element, "top"),
+            width: number(style.width), height: number(style.height), box: pageBox(drag.element), others: candidates(drag.element)
+        });
+    }
+
+    function move(event) {
+        if (!drag) return false;
+        event.preventDefault();
+        const dx = event.clientX + scrollX - drag.x;
+        const dy = event.clientY + scrollY - drag.y;
+        if (!drag.started) {
+            if (Math.hypot(dx, dy) < kThreshold || pondera.selection.isLocked(drag.element)) return true;
+            begin();
+        }
+        if (drag.handle) sizeBy(dx, dy, event);
+        else moveBy(dx, dy, event);
+        pondera.selection.placeFrame();
+        scrollAtEdge(event);
+        return true;
+    }
+
+    function moveBy(dx, dy, event) {
+        // An element can be put anywhere on the page, but not out of it to the left or above, where no visitor could see it.
+        dx = Math.max(dx, -drag.left);
+        dy = Math.max(dy, -drag.top);
+        if (event.shiftKey) Math.abs(dx) > Math.abs(dy) ? dy = 0 : dx = 0;
+        if (!event.altKey) {
+            const box = shifted(drag.box, dx, dy);
+            dx += snap(lines(box).x, "x", drag.others) ?? 0;
+            dy += snap(lines(box).y, "y", drag.others) ?? 0;
+        }
+        spelling.setStyle(drag.element, { left: px(drag.left + dx), top: px(drag.top + dy) });
+        pondera.selection.showGuides(event.altKey ? [] : guideLines(pageBox(drag.element), drag.others));
+        pondera.selection.showSize(px(drag.left + dx).slice(0, -2) + ", " + px(drag.top + dy).slice(0, -2));
+    }
+
+    function sizeBy(dx, dy, event) {
+        const handle = drag.handle;
+        const west = handle.includes("w"), north = handle.includes("n");
+        const corner = handle.length === 2;
+        let growX = west ? -dx : handle.includes("e") ? dx : 0;
+        let growY = north ? -dy : handle.includes("s") ? dy : 0;
+        if (!event.altKey) {
+            if (growX) growX += (west ? -1 : 1) * (snap([west ? drag.box.left - growX : drag.box.right + growX], "x", drag.others) ?? 0);
+            if (growY) growY += (north ? -1 : 1) * (snap([north ? drag.box.top - growY : drag.box.bottom + growY], "y", drag.others) ?? 0);
+        }
+        let width = Math.max(1, drag.width + growX), height = Math.max(1, drag.height + growY);
+        const proportional = corner && drag.element.localName === "img" && !event.shiftKey;
+        if (proportional && drag.width && drag.height) {
+            const scale = Math.max(width / drag.width, height / drag.height);
+            width = Math.max(1, drag.width * scale);
+            height = Math.max(1, drag.height * scale);
+        }
+        // A picture would follow in proportion if one of its lengths were left open.
+        const picture = drag.element.localName === "img";
+        setSize(drag.element, (handle === "n" || handle === "s") && !picture ? null : width,
+            (handle === "e" || handle === "w") && !picture ? null : height);
+        const place = {};
+        if (pondera.selection.isPositioned(drag.element)) {
+            if (west) place.left = px(drag.left + drag.width - width);
+            if (north) place.top = px(drag.top + drag.height - height);
+        }
+        spelling.setStyle(drag.element, place);
+        pondera.selection.showGuides(event.altKey || proportional ? [] : guideLines(pageBox(drag.element), drag.others));
+        pondera.selection.showSize(Math.round(width) + " × " + Math.round(height));
+    }
+
+    // Writes a size where the element keeps it: in its attributes if it has them there, else in its style.
+    function setSize(element, width, height) {
+        for (const [key, value] of [["width", width], ["height", height]]) {
+            if (value === null) continue;
+            if (element.hasAttribute(key) && !spelling.styleValue(element, key)) element.setAttribute(key, String(Math.round(value)));
+            else spelling.setStyle(element, { [key]: px(value) });
+        }
+    }
+
+    function scrollAtEdge(event) {
+        const down = event.clientY > innerHeight - kEdge ? 12 : event.clientY < kEdge ? -12 : 0;
+        const right = event.clientX > innerWidth - kEdge ? 12 : event.clientX < kEdge ? -12 : 0;
+        if (down || right) scrollBy(right, down);
+    }
+
+    function finish() {
+        if (!drag) return false;
+        const { started } = drag;
+        drag = null;
+        pondera.selection.showGuides([]);
+        pondera.selection.showSize("");
+        if (started) pondera.history.commit();
+        pondera.selection.placeFrame();
+        pondera.moved();
+        return true;
+    }
+
+    function cancel() {
+        if (!drag) return false;
+        const { started } = drag;
+        drag = null;
+        if (started) pondera.history.abandon();
+        pondera.selection.showGuides([]);
+        pondera.selection.showSize("");
+        pondera.selection.placeFrame();
+        return true;
+    }
+
+    function nudge(element, dx, dy) {
+        if (pondera.selection.isLocked(element)) return;
+        pondera.history.typing("nudge");
+        makeAbsolute(element);
+        const left = Math.max(0, usedLength(element, "left") + dx), top = Math.max(0, usedLength(element, "top") + dy);
+        spelling.setStyle(element, { left: px(left), top: px(top) });
+        pondera.selection.placeFrame();
+    }
+
+    return { start, startSizing, move, finish, cancel, nudge, makeAbsolute, dragging: () => !!drag };
+})();

@@ -1,0 +1,159 @@
+// The control's own spelling of a document: upper-case tags, unquoted values where they can be, styles as upper-case properties with
+// Z-INDEX first, a line break before block elements. Reading what this writes gives the same document, and writing that the same text.
+"use strict";
+
+window.pondera = {};
+
+pondera.spelling = (() => {
+    const kBreakBefore = new Set(("ADDRESS ARTICLE ASIDE BLOCKQUOTE BODY CAPTION CENTER COL COLGROUP DD DIV DL DT FIELDSET FIGCAPTION " +
+        "FIGURE FOOTER FORM H1 H2 H3 H4 H5 H6 HEADER HR LI MAIN NAV OL P PRE SECTION TABLE TBODY TD TFOOT TH THEAD TR UL").split(" "));
+    const kVoid = new Set(("AREA BASE BASEFONT BGSOUND BR COL EMBED FRAME HR IMG INPUT KEYGEN LINK META PARAM SOURCE TRACK WBR").split(" "));
+    const kRawText = new Set("SCRIPT STYLE XMP IFRAME NOEMBED NOFRAMES PLAINTEXT".split(" "));
+    const kLinks = new Set("href src background name action data poster srcset longdesc".split(" "));
+    const kAlwaysQuoted = new Set("href src style content".split(" "));
+
+    const reference = { "§": "&sect;", "ç": "&ccedil;", "\\": "&#92;", "\u00a0": "&nbsp;", "&": "&amp;", "<": "&lt;", ">": "&gt;" };
+
+    function text(data) {
+        return data.replace(/[§ç\\\u00a0&<>]/g, c => reference[c]);
+    }
+
+    // Properties of a style value in their order, as [name, value]; quotes and brackets may hold semicolons.
+    function styleProperties(value) {
+        const properties = [];
+        for (const part of value.match(/(?:"[^"]*"|'[^']*'|\((?:"[^"]*"|'[^']*'|[^()])*\)|[^;"'(]|["'(])+/g) || []) {
+            const colon = part.indexOf(":");
+            if (colon < 1) continue;
+            const name = part.slice(0, colon).trim();
+            const rest = part.slice(colon + 1).trim();
+            if (name && rest) properties.push([name.startsWith("--") ? name : name.toUpperCase(), rest]);
+        }
+        return properties;
+    }
+
+    function styleText(properties) {
+        const level = properties.filter(p => p[0] === "Z-INDEX");
+        const others = properties.filter(p => p[0] !== "Z-INDEX");
+        return [...level, ...others].map(p => p[0] + ": " + p[1]).join("; ");
+    }
+
+    // Sets properties of an element's style attribute and keeps all others, known to the browser or not; null removes one.
+    function setStyle(element, changes) {
+        const properties = styleProperties(element.getAttribute("style") || "");
+        for (const [key, value] of Object.entries(changes)) {
+            const name = key.toUpperCase();
+            const at = properties.findIndex(p => p[0] === name);
+            if (value === null) {
+                if (at >= 0) properties.splice(at, 1);
+            } else if (at >= 0) {
+                properties[at][1] = String(value);
+            } else {
+                properties.push([name, String(value)]);
+            }
+        }
+        const value = styleText(properties);
+        if (value) element.setAttribute("style", value);
+        else element.removeAttribute("style");
+    }
+
+    function styleValue(element, key) {
+        const property = styleProperties(element.getAttribute("style") || "").find(p => p[0] === key.toUpperCase());
+        return property ? property[1] : "";
+    }
+
+    function attributeText(name, value) {
+        let escaped;
+        if (kLinks.has(name)) {
+            escaped = value.replace(/[\u00a0&<>]/g, c => reference[c]);
+        } else if (name.startsWith("on")) {
+            escaped = value.replace(/[\\\u00a0&<>]/g, c => reference[c]);
+        } else {
+            escaped = text(name === "style" ? styleText(styleProperties(value)) || value : value);
+        }
+        if (value === "" || kAlwaysQuoted.has(name) || /[\s"'<>`]/.test(value)) {
+            escaped = '"' + escaped.replace(/"/g, "&quot;").replace(/\r/g, "&#13;").replace(/\n/g, "&#10;") + '"';
+        }
+        return " " + name + "=" + escaped;
+    }
+
+    // A line break is written only where it cannot be seen: not in preformatted text, not before a block that flows as a word does.
+    function breaksBefore(element) {
+        const parent = element.parentElement;
+        if (parent && parent.localName === "head") return true;
+        if (!kBreakBefore.has(element.tagName.toUpperCase())) return false;
+        if (!element.isConnected) return true;
+        if (getComputedStyle(element).display.startsWith("inline")) return false;
+        return !(parent && getComputedStyle(parent).whiteSpace.startsWith("pre"));
+    }
+
+    function endsWithBreak(out) {
+        for (let i = out.length - 1; i >= 0; --i) {
+            const piece = out[i];
+            for (let j = piece.length - 1; j >= 0; --j) {
+                if (piece[j] === "\n") return true;
+                if (piece[j] !== " " && piece[j] !== "\t" && piece[j] !== "\r") return false;
+            }
+        }
+        return true;
+    }
+
+    function writeChildren(node, out) {
+        for (let child = node.firstChild; child; child = child.nextSibling) write(child, out);
+    }
+
+    function write(node, out) {
+        if (node.nodeType === Node.TEXT_NODE) {
+            const raw = node.parentNode && kRawText.has(node.parentNode.nodeName.toUpperCase());
+            out.push(raw ? node.data : text(node.data));
+            return;
+        }
+        if (node.nodeType === Node.COMMENT_NODE) {
+            out.push("<!--" + node.data + "-->");
+            return;
+        }
+        if (node.nodeType === Node.DOCUMENT_TYPE_NODE) {
+            out.push(new XMLSerializer().serializeToString(node));
+            return;
+        }
+        if (node.nodeType !== Node.ELEMENT_NODE || node === pondera.frameHost) return;
+        const foreign = node.namespaceURI !== "http://www.w3.org/1999/xhtml";
+        const tag = foreign ? node.tagName : node.tagName.toUpperCase();
+        if (breaksBefore(node) && !endsWithBreak(out)) out.push("\n");
+        let start = "<" + tag;
+        for (const attribute of node.attributes) start += attributeText(attribute.name, attribute.value);
+        out.push(start + ">");
+        if (kVoid.has(tag)) return;
+        if (tag === "TEMPLATE") writeChildren(node.content, out);
+        if ((tag === "PRE" || tag === "TEXTAREA" || tag === "LISTING") && node.firstChild &&
+            node.firstChild.nodeType === Node.TEXT_NODE && node.firstChild.data.startsWith("\n")) {
+            out.push("\n");
+        }
+        writeChildren(node, out);
+        out.push("</" + tag + ">");
+    }
+
+    // The markup of one node, or of all children with outer = false.
+    function markup(node, outer = true) {
+        const out = [];
+        if (outer) write(node, out);
+        else writeChildren(node, out);
+        return out.join("").replace(/^\n/, "");
+    }
+
+    // The whole document; what stands before and after the HTML element (document type, comments) is handed in.
+    function documentMarkup(prolog, epilog) {
+        const out = prolog ? [prolog, "\n"] : [];
+        const html = document.documentElement;
+        let start = "<HTML";
+        for (const attribute of html.attributes) start += attributeText(attribute.name, attribute.value);
+        out.push(start + ">");
+        for (let child = html.firstChild; child; child = child.nextSibling) {
+            if (child.localName === "head") out.push("\n");
+            write(child, out);
+        }
+        out.push("</HTML>", epilog);
+        return out.join("");
+    }
+
+    return { markup, documentMarkup, styleProperties, setStyle, styleValue };
+})();

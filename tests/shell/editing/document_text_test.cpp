@@ -1,0 +1,123 @@
+#include <QWebEngineView>
+
+#include "tests/shell/editing/editing_fixture.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DocumentText : public EditingFixture {};
+
+TEST_F(DocumentText, IsSpelledAsTheRulesSearchForIt) {
+    const struct {
+        QString written, read;
+    } cases[] = {
+        {u"<img name=\"mn1\" src='a b.gif' border=\"0\">"_s, u"<IMG name=mn1 src=\"a b.gif\" border=0>"_s},
+        {u"<p>plain</p>"_s, u"\n<P>plain</P>"_s},
+        {u"<img style=\"position: absolute; left: 100; top: 100; z-index: 1010;\">"_s,
+         u"<IMG style=\"Z-INDEX: 1010; POSITION: absolute; LEFT: 100; TOP: 100\">"_s},
+        {u"<span style=\"filter: blendTrans(duration=3); background: url('a;b.gif')\">x</span>"_s,
+         u"<SPAN style=\"FILTER: blendTrans(duration=3); BACKGROUND: url('a;b.gif')\">x</SPAN>"_s},
+        {u"<a href=\"_4_Car.htm\" onclick=\"k=1\">x</a>"_s, u"<A href=\"_4_Car.htm\" onclick=k=1>x</A>"_s},
+        {u"<img alt=\"one&#13;&#10;two > three\">"_s, u"<IMG alt=\"one&#13;&#10;two &gt; three\">"_s},
+        {u"§ ç \\ &nbsp;&lt;"_s, u"&sect; &ccedil; &#92; &nbsp;&lt;"_s},
+        {u"<a href=\"§_4_Car.htm\" title=\"§\">x</a>"_s, u"<A href=\"§_4_Car.htm\" title=&sect;>x</A>"_s},
+        {u"<pre>\n\na<div>b</div></pre>"_s, u"\n<PRE>\n\na<DIV>b</DIV></PRE>"_s},
+        {u"<script>if (a < b && c) x = '§\\n';</script>"_s, u"<SCRIPT>if (a < b && c) x = '§\\n';</SCRIPT>"_s},
+        {u"<!-- photo-show --><hr noshade>"_s, u"<!-- photo-show -->\n<HR noshade=\"\">"_s},
+    };
+    for (const auto& [written, read] : cases) {
+        load(u"<html><head></head><body>"_s + written + u"</body></html>"_s);
+        EXPECT_EQ(body(), read);
+    }
+}
+
+TEST_F(DocumentText, SavedUntouchedTwiceIsTheSameBytes) {
+    const QString pages[] = {
+        u"<html>\r\n<head>\r\n<title>A</title>\r\n</head>\r\n\r\n<body bgcolor=#ffffff>\r\n<p>text</p>\r\n</body>\r\n</html>\r\n"_s,
+        u"<!-- before --><!DOCTYPE html><html lang=it><head><style>ul li{display:inline-block}</style></head><body>"
+        "<ul><li>a</li><li>b</li></ul><table><tr><td>1<td>2</table></body></html><!-- after -->\n"_s,
+        u"no tags at all"_s,
+        u"<p>unclosed <b>nested <i>wrong</b> order</i><div style=\"white-space:pre\">a\n  <p>b</p></div>"_s,
+        u""_s,
+    };
+    for (const QString& page : pages) {
+        load(page);
+        ASSERT_TRUE(editor_.save_document(path(u"1.htm"_s)));
+        ASSERT_TRUE(editor_.load_document(path(u"1.htm"_s)));
+        ASSERT_TRUE(editor_.save_document(path(u"2.htm"_s)));
+        EXPECT_EQ(read_file(path(u"1.htm"_s)).value(), read_file(path(u"2.htm"_s)).value());
+        EXPECT_EQ(page.contains(u"\r\n"_s), read_file(path(u"1.htm"_s))->contains("\r\n"));
+    }
+}
+
+TEST_F(DocumentText, KeepsTheEncodingOfTheFile) {
+    const QByteArray page = "<html><head></head><body><p>perch\xE9 caff\xE8 \x80</p></body></html>";
+    ASSERT_TRUE(write_file(path(u"old.htm"_s), page));
+    ASSERT_TRUE(editor_.load_document(path(u"old.htm"_s)));
+    editor_.view()->setFocus();
+    select_text(u"caff"_s);
+    key(Qt::Key_Right);
+    type(u"x"_s);
+    editor_.paste_at_end(u"<b>\u4e2d</b>"_s);
+    ASSERT_TRUE(editor_.save_document(path(u"old.htm"_s)));
+    const QByteArray saved = read_file(path(u"old.htm"_s)).value();
+    EXPECT_TRUE(saved.contains("perch\xE9 caffx\xE8 \x80")) << saved.constData();
+    EXPECT_TRUE(saved.contains("&#20013;"));
+}
+
+TEST_F(DocumentText, RefusesWhatIsNoPageAndKeepsTheOneItHas) {
+    load(u"<body>kept</body>"_s);
+    const struct {
+        QByteArray bytes;
+        FaultNumber fault;
+    } cases[] = {
+        {QByteArray("<html><frameset cols=*><frame src=a.htm></frameset></html>"), FaultNumber::kFrameset},
+        {QByteArray("<%@ page %><% for (;;) { out.print(\"rather long\"); } %><p>a</p>"), FaultNumber::kServerScript},
+        {QByteArray("GIF89a\0\0\1", 9), FaultNumber::kBinary},
+        {QByteArray(50 * 1024 * 1024, ' '), FaultNumber::kTooLarge},
+    };
+    for (const auto& [bytes, fault] : cases) {
+        ASSERT_TRUE(write_file(path(u"bad.htm"_s), bytes));
+        const auto loaded = editor_.load_document(path(u"bad.htm"_s));
+        ASSERT_FALSE(loaded);
+        EXPECT_EQ(loaded.error().number, fault);
+    }
+    EXPECT_EQ(editor_.load_document(path(u"none.htm"_s)).error().number, FaultNumber::kFileNotFound);
+    EXPECT_EQ(body(), u"kept"_s);
+    ASSERT_TRUE(write_file(path(u"talk.htm"_s), "<!-- <frameset> --><p>about <?php ?> and &lt;frameset&gt;</p>"));
+    EXPECT_TRUE(editor_.load_document(path(u"talk.htm"_s)));
+}
+
+TEST_F(DocumentText, KnowsWhenItsFileWasChangedByOthers) {
+    load(u"<body>a</body>"_s);
+    EXPECT_FALSE(editor_.changed_on_disk());
+    ASSERT_TRUE(write_file(path(u"page.htm"_s), "<body>b</body>"));
+    EXPECT_TRUE(editor_.changed_on_disk());
+    ASSERT_TRUE(editor_.save_document(path(u"page.htm"_s)));
+    EXPECT_FALSE(editor_.changed_on_disk());
+}
+
+TEST_F(DocumentText, ReplacedAsAWholeIsOneStep) {
+    load(u"<html><head><title>A</title></head><body><p>one</p><p>two</p></body></html>"_s);
+    const QString before = editor_.text();
+    EXPECT_FALSE(editor_.modified());
+    editor_.replace_text(
+        u"<!DOCTYPE html><html><head><title>B</title></head><body bgcolor=red><p>one</p><p>2</p></body></html>"_s);
+    const QString after = editor_.text();
+    EXPECT_TRUE(after.contains(u"<!DOCTYPE html>"_s) && after.contains(u"<BODY bgcolor=red>"_s) &&
+                after.contains(u"<P>2</P>"_s));
+    EXPECT_TRUE(editor_.modified());
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_EQ(editor_.text(), before);
+    EXPECT_FALSE(editor_.modified());
+    EXPECT_FALSE(editor_.execute(EditCommand::kUndo));
+    EXPECT_TRUE(editor_.execute(EditCommand::kRedo));
+    EXPECT_EQ(editor_.text(), after);
+}
+
+}  // namespace
+
+}  // namespace pondera

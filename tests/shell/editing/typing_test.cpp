@@ -1,0 +1,170 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QTest>
+
+#include "tests/shell/editing/editing_fixture.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Typing : public EditingFixture {
+  protected:
+    CommandStatus status(EditCommand command) { return editor_.status(command); }
+
+    void put_on_clipboard(const QString& html, const QString& text) {
+        auto* data = new QMimeData;
+        if (!html.isEmpty()) data->setHtml(html);
+        data->setText(text);
+        QApplication::clipboard()->setMimeData(data);
+    }
+};
+
+TEST_F(Typing, GoesIntoTheTextAndIsTakenBackWordByWord) {
+    load(u"<body><p>Hello</p></body>"_s);
+    select_text(u"Hello"_s);
+    key(Qt::Key_Right);
+    const QString start = editor_.text();
+    type(u" big world"_s);
+    EXPECT_EQ(body(), u"\n<P>Hello big world</P>"_s);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(body(), u"\n<P>Hello big&nbsp;</P>"_s);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor_.text(), start);
+    EXPECT_FALSE(editor_.modified());
+    key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    key(Qt::Key_Y, Qt::ControlModifier);
+    key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(body(), u"\n<P>Hello big world</P>"_s);
+    EXPECT_TRUE(editor_.modified());
+}
+
+TEST_F(Typing, WhatTheConversionDeletesIsWrittenAsReferences) {
+    load(u"<body><p>x</p></body>"_s);
+    select_text(u"x"_s);
+    type(u"§ç\\"_s);
+    EXPECT_EQ(body(), u"\n<P>&sect;&ccedil;&#92;</P>"_s);
+}
+
+TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
+    const struct {
+        EditCommand command;
+        QVariant value;
+        QString result;
+    } cases[] = {
+        {EditCommand::kBold, {}, u"\n<P>one <B>two</B> three</P>"_s},
+        {EditCommand::kItalic, {}, u"\n<P>one <I>two</I> three</P>"_s},
+        {EditCommand::kUnderline, {}, u"\n<P>one <U>two</U> three</P>"_s},
+        {EditCommand::kFontName, u"Arial"_s, u"\n<P>one <FONT face=Arial>two</FONT> three</P>"_s},
+        {EditCommand::kFontSize, u"5"_s, u"\n<P>one <FONT size=5>two</FONT> three</P>"_s},
+        {EditCommand::kForeColor, u"#cc0000"_s, u"\n<P>one <FONT color=#cc0000>two</FONT> three</P>"_s},
+        {EditCommand::kHyperlink, u"_4_Car.htm"_s, u"\n<P>one <A href=\"_4_Car.htm\">two</A> three</P>"_s},
+        {EditCommand::kJustifyCenter, {}, u"\n<P style=\"TEXT-ALIGN: center\">one two three</P>"_s},
+        {EditCommand::kUnorderedList, {}, u"\n<UL>\n<LI>one two three</LI></UL>"_s},
+    };
+    for (const auto& [command, value, result] : cases) {
+        load(u"<body><p>one two three</p></body>"_s);
+        const QString before = editor_.text();
+        EXPECT_EQ(status(EditCommand::kUndo), CommandStatus::kDisabled);
+        select_text(u"two"_s);
+        EXPECT_EQ(status(command), CommandStatus::kEnabled);
+        EXPECT_TRUE(editor_.execute(command, value));
+        EXPECT_EQ(body(), result);
+        const QString after = editor_.text();
+        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+        EXPECT_EQ(editor_.text(), before);
+        EXPECT_EQ(editor_.selection().text, u"two"_s);
+        EXPECT_TRUE(editor_.execute(EditCommand::kRedo));
+        EXPECT_EQ(editor_.text(), after);
+    }
+    load(u"<body><p><b>bold</b> plain</p></body>"_s);
+    select_text(u"bold"_s);
+    EXPECT_EQ(status(EditCommand::kBold), CommandStatus::kLatched);
+    EXPECT_EQ(status(EditCommand::kLockElement), CommandStatus::kDisabled);
+    EXPECT_EQ(editor_.status(static_cast<EditCommand>(4711)), CommandStatus::kNotSupported);
+}
+
+TEST_F(Typing, FiveHundredStepsComeBackByteForByte) {
+    load(u"<body><p>start</p></body>"_s);
+    QStringList texts{editor_.text()};
+    for (int i = 0; i < 500; ++i) {
+        if (i % 3 == 0)
+            editor_.paste_at_end(u"<img name=n%1 style=\"position:absolute; left:%1; top:5\">"_s.arg(i));
+        else if (i % 3 == 1)
+            editor_.execute(EditCommand::kBringToFront);
+        else
+            editor_.execute(EditCommand::kLockElement);
+        texts.append(editor_.text());
+    }
+    int steps = 0;
+    for (qsizetype at = texts.size() - 1; editor_.execute(EditCommand::kUndo); ++steps) {
+        while (at > 0 && texts.at(at) == texts.at(at - 1)) --at;
+        ASSERT_EQ(editor_.text(), texts.at(--at));
+    }
+    EXPECT_GT(steps, 330);
+    EXPECT_FALSE(editor_.modified());
+    while (editor_.execute(EditCommand::kRedo)) {
+    }
+    EXPECT_EQ(editor_.text(), texts.last());
+}
+
+TEST_F(Typing, OfficeMarkupIsCleanedOnPaste) {
+    const struct {
+        QString html, result;
+    } cases[] = {
+        {u"<html xmlns:o='urn:schemas'><head><style>p{x}</style></head><body><!--StartFragment-->"
+         "<h1 style='mso-x:1'>Head</h1><p class=MsoNormal style='margin:0'><span lang=EN "
+         "style='font-size:12pt;font-weight:bold'>Bold<o:p></o:p></span>"
+         "&nbsp;and <i>it</i></p><p class=MsoNormal><o:p>&nbsp;</o:p></p><!--EndFragment--></body></html>"_s,
+         u"<H1>Head</H1>\n<P><B>Bold</B>&nbsp;and <I>it</I></P>"_s},
+        {u"<p class=MsoListParagraph style='mso-list:l0 level1 lfo1'><span "
+         u"style='mso-list:Ignore'>·<span>&nbsp;</span></span>a</p>"
+         "<p style='mso-list:l0 level2 lfo1'><span style='mso-list:Ignore'>1.</span>b</p>"
+         "<p style='mso-list:l0 level1 lfo1'><span style='mso-list:Ignore'>·</span>c</p>"_s,
+         u"<UL>\n<LI>a\n<OL>\n<LI>b</LI></OL></LI>\n<LI>c</LI></UL>"_s},
+        {u"<b style='font-weight:normal' id=docs><p><span style='font-weight:700'>x</span> <a "
+         u"href='javascript:evil()'>bad</a>"
+         "<a href='http://example.org/'>good</a></p></b>"_s,
+         u"<P><B>x</B> bad<A href=\"http://example.org/\">good</A></P>"_s},
+        {u"<table class=t><tr><td style='width:3cm' colspan=2><p>1</p></td></tr></table><img src='file:///c:/x.png'><script>1</script>"_s,
+         u"<TABLE border=1>\n<TBODY>\n<TR>\n<TD colspan=2>1</TD></TR></TBODY></TABLE>"_s},
+    };
+    for (const auto& [html, result] : cases) {
+        load(u"<body><p>x</p></body>"_s);
+        EXPECT_EQ(evaluate(u"pondera.clipboard.clean(`%1`)"_s.arg(html)).toString(), result);
+        const QString before = editor_.text();
+        select_text(u"x"_s);
+        put_on_clipboard(html, u"plain"_s);
+        key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return editor_.text() != before; }));
+        EXPECT_FALSE(body().contains(u"style"_s) || body().contains(u"Mso"_s) || body().contains(u"plain"_s))
+            << qPrintable(body());
+        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+        EXPECT_EQ(editor_.text(), before);
+    }
+}
+
+TEST_F(Typing, TextPasteKeepsTheTextAlone) {
+    load(u"<body><p>x</p></body>"_s);
+    select_text(u"x"_s);
+    put_on_clipboard(u"<h1>Big</h1>"_s, u"a < b\nsecond"_s);
+    editor_.paste_text();
+    EXPECT_EQ(body(), u"\n<P>a &lt; b</P>\n<P>second</P>"_s);
+}
+
+TEST_F(Typing, OwnMarkupSurvivesCutAndPaste) {
+    load(u"<body><p>one <font face=Arial>two</font></p></body>"_s);
+    select_text(u"two"_s);
+    EXPECT_TRUE(editor_.execute(EditCommand::kCut));
+    EXPECT_FALSE(body().contains(u"two"_s));
+    EXPECT_TRUE(editor_.execute(EditCommand::kPaste));
+    EXPECT_EQ(QString(body()).replace(u"&nbsp;"_s, u" "_s).simplified(), u"<P>one <FONT face=Arial>two</FONT></P>"_s);
+}
+
+}  // namespace
+
+}  // namespace pondera
