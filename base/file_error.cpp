@@ -2,10 +2,15 @@
 
 #include <QDir>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
 namespace pondera {
+
+QString number_text(FaultNumber number) {
+    return QString::number(static_cast<std::uint32_t>(number));
+}
 
 FaultNumber fault_of_errno(int error) {
     switch (error) {

@@ -41,6 +41,9 @@ struct FileError {
 template <typename T>
 using FileResult = std::expected<T, FileError>;
 
+/// The fault's number as the messages show it, in decimal.
+[[nodiscard]] QString number_text(FaultNumber number);
+
 /// The fault that an errno value stands for: EACCES, EPERM, EROFS and EISDIR are 70; ENOENT and ENOTDIR 76; EEXIST 58;
 /// ENOSPC and EDQUOT 61; EINVAL and ENAMETOOLONG 5; all others "unexpected".
 [[nodiscard]] FaultNumber fault_of_errno(int error);

@@ -42,7 +42,7 @@ FileResult<void> copy_file(const QString& source, const QString& target, IfExist
         return std::unexpected(file_error_of(std::make_error_code(std::errc::file_exists), target));
     QSaveFile to(target);
     if (!to.open(QIODevice::WriteOnly)) return std::unexpected(file_error_of(to));
-    to.setPermissions(from.permissions());
+    to.setPermissions(from.permissions() | QFile::WriteOwner);
     while (!from.atEnd()) {
         const QByteArray chunk = from.read(kCopyChunk);
         if (from.error() != QFileDevice::NoError) return std::unexpected(file_error_of(from));

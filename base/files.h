@@ -15,8 +15,8 @@ namespace pondera {
 
 enum class IfExists { kFail, kReplace };
 
-/// Copies a file's bytes and permissions. `target` holds either all of them afterwards or what it held before; fails
-/// with 58 when it exists and is not to be replaced.
+/// Copies a file's bytes and permissions (its owner may always write to the copy). `target` holds either all of them
+/// afterwards or what it held before; fails with 58 when it exists and is not to be replaced.
 [[nodiscard]] FileResult<void> copy_file(const QString& source, const QString& target, IfExists if_exists);
 
 /// Deletes one file; a file that is not there is 76.

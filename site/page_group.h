@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <expected>
+#include <optional>
+
+namespace pondera {
+
+/// A page's place in a group of pages that visitors leaf through: the first page is "_4_Tour.htm", those that follow it
+/// are
+/// "_4_Tour_page2_.htm", "_4_Tour_page3_.htm" and so on. Only the number in the name tells the order.
+struct GroupPlace {
+    QString before;  ///< the name up to the number: "_4_Tour_page"
+    int number = 0;
+    QString after;  ///< the name from the number's end: "_.htm"
+};
+
+/// The place of a following page, by the number after the last "_P" (any case) of its published file name; nullopt for
+/// any other page.
+[[nodiscard]] std::optional<GroupPlace> group_place(const QString& published);
+
+/// The name of the page that follows a page directly: the first page of a group counts as number 1.
+[[nodiscard]] QString following_page_name(const QString& published);
+
+/// The published name of the first page of a page's group; the page itself when it follows none.
+[[nodiscard]] QString first_page_of_group(const QString& published);
+
+/// A page that got another name.
+struct PageMove {
+    QString from;  ///< published file names
+    QString to;
+
+    friend bool operator==(const PageMove&, const PageMove&) = default;
+};
+
+enum class Renumbering {
+    kMakeRoom,  ///< each following page gets the number one higher, to insert a page after the current one
+    kCloseGap,  ///< each gets the number one lower, after the current page was deleted
+};
+
+/// Renumbers the pages that follow `current` in its group. Published pages and editing copies are moved, each by a copy
+/// to the new name and the deletion of the old one, in an order in which nothing is overwritten. Yields the moves made,
+/// for the links to follow; the error is the message to show, and what had been moved by then stays moved.
+[[nodiscard]] std::expected<QList<PageMove>, QString> Rinominazione_File_Succ(const QString& website_folder,
+                                                                              const QString& current,
+                                                                              Renumbering renumbering);
+
+}  // namespace pondera

@@ -1,0 +1,94 @@
+#include "site/page_group.h"
+
+#include <QDir>
+
+#include <map>
+#include <random>
+
+#include "base/text_file.h"
+#include "site/page_name.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::map<QString, QByteArray> contents_of(const QDir& folder) {
+    std::map<QString, QByteArray> contents;
+    for (const QString& name : folder.entryList(QDir::Files)) contents[name] = read_file(folder.filePath(name)).value();
+    return contents;
+}
+
+TEST(PageGroup, NamesTellThePlace) {
+    EXPECT_EQ(following_page_name(u"_4_Tour.htm"_s), u"_4_Tour_page2_.htm"_s);
+    EXPECT_EQ(following_page_name(u"_4_Tour_page9_.htm"_s), u"_4_Tour_page10_.htm"_s);
+    EXPECT_EQ(first_page_of_group(u"_4_My_Park_page12_.htm"_s), u"_4_My_Park.htm"_s);
+    EXPECT_EQ(group_place(u"_4_TOUR_PAGE3_.HTM"_s).value().number, 3);
+    for (const QString& other : {u"_4_Tour.htm"_s, u"_4_Old_Prices2_.htm"_s, u"_4_Tour_page_.htm"_s,
+                                 u"_4_Tour_page03_.htm"_s, u"_4_Tour_page3.htm"_s, u"_4_Tour_page99999999999_.htm"_s})
+        EXPECT_EQ(group_place(other), std::nullopt) << other.toStdString();
+}
+
+TEST(PageGroup, APageWithoutNumberCannotBeRenumbered) {
+    const QTemporaryDir folder;
+    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour.htm"_s, Renumbering::kMakeRoom).error(),
+              u"Unforeseen mistake '_P' not noticed the name of the following page"_s);
+}
+
+TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 25; ++round) {
+        const QTemporaryDir temporary;
+        const QDir folder(temporary.path());
+        const QStringList others{u"_4_Tour.htm"_s,        u"§_4_Tour.htm"_s,      u"_4_Tourist_page3_.htm"_s,
+                                 u"_4_tour_page4_.htm"_s, u"_4_Tour_page4.htm"_s, u"_§_1_card.htm"_s};
+        for (const QString& name : others) ASSERT_TRUE(write_file(folder.filePath(name), name.toUtf8()));
+        std::map<int, bool> numbers;
+        for (int number = 1; number <= 12; ++number) {
+            const QString page = (random() % 4 ? u"_4_Tour_page%1_.htm"_s : u"_4_Tour_Page%1_.htm"_s).arg(number);
+            const auto kinds = random() % 4;
+            QStringList files;
+            if (kinds & 1U) files += page;
+            if (kinds & 2U) files += editing_copy_name(page);
+            for (const QString& file : files) ASSERT_TRUE(write_file(folder.filePath(file), file.toUtf8()));
+            if (kinds) numbers[number] = true;
+        }
+        const auto before = contents_of(folder);
+        const int current = 1 + static_cast<int>(random() % 12);
+        const QString current_page = u"_4_Tour_page%1_.htm"_s.arg(current);
+
+        const auto moves = Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kMakeRoom);
+        ASSERT_TRUE(moves) << moves.error().toStdString();
+        const auto after = contents_of(folder);
+        EXPECT_EQ(after.size(), before.size());
+        for (const auto& [name, bytes] : after) {
+            // Each file holds the name that it had; only those after the current page have moved, by one.
+            const auto place = group_place(published_name(name));
+            const auto old_place = group_place(published_name(QString::fromUtf8(bytes)));
+            const bool ours = old_place && old_place->before.startsWith(u"_4_Tour_"_s) && old_place->number > current;
+            EXPECT_TRUE(ours ? place && place->number == old_place->number + 1 : name == QString::fromUtf8(bytes))
+                << bytes.toStdString() << " became " << name.toStdString();
+        }
+        EXPECT_EQ(moves->size(), std::distance(numbers.upper_bound(current), numbers.end()));
+
+        ASSERT_TRUE(Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kCloseGap));
+        EXPECT_EQ(contents_of(folder), before);
+    }
+}
+
+TEST(PageGroup, AFileInTheWayStopsTheRenumbering) {
+    const QTemporaryDir temporary;
+    const QDir folder(temporary.path());
+    for (const QString& name : {u"_4_Tour_page2_.htm"_s, u"_4_Tour_page3_.htm"_s})
+        ASSERT_TRUE(write_file(folder.filePath(name), name.toUtf8()));
+    // The current page was not deleted, so the gap that is to be closed does not exist.
+    const auto before = contents_of(folder);
+    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour_page2_.htm"_s, Renumbering::kCloseGap).error(),
+              u"Renaming subsequent files Error: 'copy'"_s);
+    EXPECT_EQ(contents_of(folder), before);
+}
+
+}  // namespace
+
+}  // namespace pondera

@@ -1,0 +1,112 @@
+#include "site/website_creation.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+#include "base/files.h"
+#include "base/roots.h"
+#include "base/text_file.h"
+#include "site/card_page.h"
+#include "site/first_start.h"
+#include "site/interface_models.h"
+#include "site/page_name.h"
+#include "site/website_listing.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A base folder as the first start leaves it, with what the program really ships.
+class WebsiteCreation : public testing::Test {
+  protected:
+    void SetUp() override { ASSERT_TRUE(install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR "/system"), roots_)); }
+
+    [[nodiscard]] QString text_of(const QString& website, const QString& file) const {
+        return read_text_file(QDir(roots_.website(website)).filePath(file)).value_or(TextFile{}).text;
+    }
+
+    QTemporaryDir base_;
+    Roots roots_{base_.path()};
+};
+
+TEST_F(WebsiteCreation, EveryShippedModelMakesAWebsite) {
+    ASSERT_EQ(list_interface_models(roots_), QStringList({u"Standard_Interface"_s, u"Store_Interface"_s}));
+    for (const QString& model : list_interface_models(roots_)) {
+        ASSERT_EQ(interface_model_cards(roots_, model), QList<int>({1, 2}));
+        for (const int card : {1, 2}) {
+            const QString name = u"Trial%1%2"_s.arg(model.first(3)).arg(card);
+            ASSERT_TRUE(create_website_folder(roots_, name));
+            ASSERT_TRUE(fill_website(roots_, {name, model, card}));
+            const QDir folder(roots_.website(name));
+            EXPECT_EQ(folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
+                      QStringList({u"_§_1_card.htm"_s, u"_§_2_card.htm"_s, u"_çmenu.htm"_s, u"index.htm"_s, u"media"_s,
+                                   u"çindex.htm"_s}));
+
+            const QString home = text_of(name, u"çindex.htm"_s);
+            EXPECT_EQ(home.count(u"<title>%1 - Home Page</title>"_s.arg(name)), 1);
+            EXPECT_FALSE(home.contains(u"MODELLO"_s));
+            EXPECT_FALSE(home.contains(u"Subject..."_s));
+            EXPECT_FALSE(home.contains(u"photo-show"_s));
+            EXPECT_FALSE(home.contains(u"Avanti"_s));
+            EXPECT_EQ(text_of(name, u"index.htm"_s), home);
+
+            static const QRegularExpression picture(u"media/img/[\\w.-]+"_s);
+            for (const QString& file : {u"çindex.htm"_s, u"_§_2_card.htm"_s, u"_çmenu.htm"_s})
+                for (auto hits = picture.globalMatch(text_of(name, file)); hits.hasNext();) {
+                    const QString path = hits.next().captured();
+                    EXPECT_TRUE(folder.exists(path)) << path.toStdString();
+                }
+        }
+    }
+    EXPECT_EQ(list_websites(roots_).size(), 4);
+}
+
+TEST_F(WebsiteCreation, AUsedNameIsRefusedBeforeAnythingIsWritten) {
+    ASSERT_TRUE(create_website_folder(roots_, u"Shop"_s));
+    for (const QString& name : {u"Shop"_s, u"SHOP"_s})
+        EXPECT_EQ(website_creation_message(create_website_folder(roots_, name).error()),
+                  u"Name of the Website already used!"_s);
+    EXPECT_TRUE(QDir(roots_.website(u"Shop"_s)).isEmpty());
+
+    abandon_website_folder(roots_, u"Shop"_s);
+    EXPECT_TRUE(create_website_folder(roots_, u"Shop"_s));
+    ASSERT_TRUE(write_file(roots_.website(u"Shop"_s) + u"/mine.txt"_s, "x"));
+    abandon_website_folder(roots_, u"Shop"_s);
+    EXPECT_TRUE(QFileInfo::exists(roots_.website(u"Shop"_s) + u"/mine.txt"_s));
+}
+
+TEST_F(WebsiteCreation, AWebsiteWithoutItsTemplatesIsNoWebsite) {
+    ASSERT_TRUE(create_website_folder(roots_, u"Shop"_s));
+    const auto filled = fill_website(roots_, {u"Shop"_s, u"No_Such_Model"_s, 1});
+    ASSERT_FALSE(filled);
+    EXPECT_EQ(website_creation_message(filled.error()), u"Error occurred while creating: code:76"_s);
+    EXPECT_FALSE(is_website(roots_.website(u"Shop"_s)));
+    EXPECT_EQ(website_creation_message({FaultNumber::kPermissionDenied, {}, {}}),
+              u"Read-only disk. Impossible to create the Website!"_s);
+}
+
+TEST_F(WebsiteCreation, PicturesOutsideTheSystemFolderAreNotFetched) {
+    const QString card = interface_model_card(roots_, u"Mine"_s, 1);
+    ASSERT_TRUE(write_file(
+        card, "<img src=\"media/img/..%2F..%2Fvuota.htm\"><img src='media\\img\\slide.jpg'>media/img/none.gif"));
+    ASSERT_TRUE(create_website_folder(roots_, u"Shop"_s));
+    ASSERT_TRUE(fill_website(roots_, {u"Shop"_s, u"Mine"_s, 1}));
+    EXPECT_EQ(QDir(roots_.website(u"Shop"_s) + u"/media/img"_s).entryList(QDir::Files), QStringList({u"slide.jpg"_s}));
+    EXPECT_FALSE(QFileInfo::exists(roots_.website(u"Shop"_s) + u"/vuota.htm"_s));
+}
+
+TEST(CardPage, PhotoShowBlocksStayOnlyInPhotoShows) {
+    const QString card =
+        u"<TITLE>MODELLO</TITLE><!-- photo-show --><script>1</script><!-- /photo-show --><h1>Subject...</h1>"
+        u"<!-- photo-show --><img><!-- /photo-show -->"_s;
+    EXPECT_EQ(page_from_card(card, {.title = u"Sea"_s, .heading = u"The sea"_s}),
+              u"<title>Sea</title><h1>The sea</h1>"_s);
+    EXPECT_EQ(page_from_card(card, {.title = u"Sea"_s, .heading = u"The sea"_s, .photo_show = true}),
+              u"<title>Sea</title><script>1</script><h1>The sea</h1><img>"_s);
+}
+
+}  // namespace
+
+}  // namespace pondera
