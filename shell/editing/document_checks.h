@@ -8,7 +8,7 @@
 namespace pondera {
 
 /// The largest page file that the editing control takes, in bytes; pages that people write are a hundred times smaller.
-inline constexpr qsizetype kLargestPage = 32 * 1024 * 1024;
+inline constexpr qsizetype kLargestPage = 32LL * 1024 * 1024;
 
 /// Why bytes cannot be edited as a page: too large, or no text at all (a NUL byte without a UTF-16 mark); kNone when
 /// they can.
