@@ -26,14 +26,14 @@ enum class Enabled { kAlways, kWebsite, kEditing, kEditorStatus, kModified };
 /// it ("Insert", "Page/Background"); an empty one is reached by toolbar or keyboard only. Rows of one menu stand in
 /// table order; a row whose caption is empty is a separator.
 struct Command {
-    QString name;     ///< objectName of the action: "mnu_ins_marchio"
-    QString caption;  ///< with its accelerator: "&Image..."
-    QString menu;
-    Help help;
-    QString icon;  ///< resource name without folder and ending: "image"
-    QKeySequence keys;
+    QString name;       ///< objectName of the action: "mnu_ins_marchio"
+    QString caption{};  ///< with its accelerator: "&Image..."
+    QString menu{};
+    Help help{};
+    QString icon{};  ///< resource name without folder and ending: "image"
+    QKeySequence keys{};
     Enabled when = Enabled::kWebsite;
-    std::optional<EditCommand> editor_command;  ///< for Enabled::kEditorStatus; also shows "latched" as checked
+    std::optional<EditCommand> editor_command{};  ///< for Enabled::kEditorStatus; also shows "latched" as checked
     void (*run)(Workbench&) = nullptr;
 };
 

@@ -1,0 +1,100 @@
+#include "shell/qt_prompts.h"
+
+#include <QtWidgets>
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QMessageBox::Icon box_icon(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::kNone:
+            return QMessageBox::NoIcon;
+        case MessageIcon::kInformation:
+            return QMessageBox::Information;
+        case MessageIcon::kQuestion:
+            return QMessageBox::Question;
+        case MessageIcon::kExclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::kCritical:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QPushButton* add_button(QMessageBox& box, Answer answer) {
+    switch (answer) {
+        case Answer::kOk:
+            return box.addButton(QMessageBox::Ok);
+        case Answer::kCancel:
+            return box.addButton(QMessageBox::Cancel);
+        case Answer::kYes:
+            return box.addButton(QMessageBox::Yes);
+        case Answer::kNo:
+            return box.addButton(QMessageBox::No);
+        case Answer::kSave:
+            return box.addButton(QMessageBox::Save);
+        case Answer::kDiscard:
+            return box.addButton(QMessageBox::Discard);
+        case Answer::kOverwrite:
+            return box.addButton(u"&Overwrite"_s, QMessageBox::AcceptRole);
+        case Answer::kReload:
+            return box.addButton(u"&Reload"_s, QMessageBox::DestructiveRole);
+    }
+    return nullptr;
+}
+
+Answer answer_of_escape(const QList<Answer>& answers) {
+    if (answers.contains(Answer::kCancel)) return Answer::kCancel;
+    if (answers.contains(Answer::kNo)) return Answer::kNo;
+    return answers.first();
+}
+
+}  // namespace
+
+QWidget* QtPrompts::parent() const {
+    QWidget* active = QApplication::activeModalWidget();
+    return active != nullptr ? active : window_.data();
+}
+
+Answer QtPrompts::message(const Message& message) {
+    QMessageBox box(parent());
+    box.setObjectName("message_box"_L1);
+    box.setWindowTitle(message.title.isEmpty() ? u"Pondera"_s : message.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(message.text);
+    box.setIcon(box_icon(message.icon));
+
+    QHash<QAbstractButton*, Answer> answers;
+    for (const Answer answer : message.answers) answers.insert(add_button(box, answer), answer);
+    const Answer escape = answer_of_escape(message.answers);
+    box.setDefaultButton(qobject_cast<QPushButton*>(answers.key(message.answers.first())));
+    box.setEscapeButton(answers.key(escape));
+    box.exec();
+    return answers.value(box.clickedButton(), escape);
+}
+
+bool QtPrompts::run(QDialog& form) {
+    if (form.parentWidget() == nullptr && parent() != nullptr) form.setParent(parent(), form.windowFlags());
+    return form.exec() == QDialog::Accepted;
+}
+
+std::optional<QString> QtPrompts::choose_file(const FileQuestion& question) {
+    const QString path =
+        QFileDialog::getOpenFileName(parent(), question.title, question.start_folder, question.filters.join(u";;"_s));
+    return path.isEmpty() ? std::nullopt : std::optional(QDir::toNativeSeparators(path));
+}
+
+std::optional<QString> QtPrompts::choose_folder(const QString& title, const QString& start_folder) {
+    const QString path = QFileDialog::getExistingDirectory(parent(), title, start_folder);
+    return path.isEmpty() ? std::nullopt : std::optional(QDir::toNativeSeparators(path));
+}
+
+std::optional<QColor> QtPrompts::choose_colour(const QString& title, const QColor& initial) {
+    const QColor colour = QColorDialog::getColor(initial, parent(), title);
+    return colour.isValid() ? std::optional(colour) : std::nullopt;
+}
+
+}  // namespace pondera
