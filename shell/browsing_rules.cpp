@@ -3,15 +3,13 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "site/page_name.h"
+
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool is_page(const QString& file_name) {
-    return file_name.endsWith(".htm"_L1, Qt::CaseInsensitive) || file_name.endsWith(".html"_L1, Qt::CaseInsensitive);
-}
 
 bool is_picture(const QString& file_name) {
     static const QStringList kEndings{u"gif"_s, u"jpg"_s, u"jpeg"_s, u"png"_s, u"svg"_s, u"webp"_s, u"bmp"_s};
@@ -38,16 +36,15 @@ LinkTarget link_target(const QUrl& url, const QString& website_folder) {
 
     const QFileInfo file(url.toLocalFile());
     if (website_folder.isEmpty() || !file.isFile() || !lies_in(file, website_folder)) return LinkTarget::kMissing;
-    if (is_page(file.fileName()) || is_picture(file.fileName())) return LinkTarget::kShow;
+    if (is_page_file(file.fileName()) || is_picture(file.fileName())) return LinkTarget::kShow;
     return could_be_program(file) ? LinkTarget::kMissing : LinkTarget::kOutside;
 }
 
 std::optional<QString> page_to_edit(const QString& shown_file, const QString& current_page) {
     if (shown_file.startsWith(u'§')) return std::nullopt;
-    QString name = shown_file;
-    name.remove(u'§').remove(u'ç');
+    const QString name = published_name(shown_file);
     const bool blank = name == "vuota"_L1 || name == "vuota.htm"_L1;
-    return blank || !is_page(name) ? current_page : name;
+    return blank || !is_page_file(name) ? current_page : name;
 }
 
 }  // namespace pondera

@@ -51,7 +51,7 @@ const Help& edit_help() {
 }
 
 const Help& format_help() {
-    static const Help kHelp{u"/_HELP/_6_Format.htm"_s, u"Help - Format"_s};
+    static const Help kHelp{u"/_HELP/_6_Text Format.htm"_s, u"Help - Text Format"_s};
     return kHelp;
 }
 
@@ -125,7 +125,7 @@ QList<Command> rows_of_format() {
         {.name = u"Col_Back"_s,
          .caption = u"Text Bac&kground Color..."_s,
          .menu = menu,
-         .help = {u"/_HELP/_6_Text Back Color.htm"_s, u"Help - Text Background Color"_s},
+         .help = {u"/_HELP/_6_Text Color.htm"_s, u"Help - Text Background Color"_s},
          .icon = u"back-color"_s,
          .when = Enabled::kEditorStatus,
          .editor_command = EditCommand::kBackColor,

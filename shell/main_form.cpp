@@ -13,6 +13,8 @@
 #include "shell/text_toolbar.h"
 #include "shell/toolbar.h"
 #include "shell/web_browser.h"
+#include "site/page_name.h"
+#include "site/website_listing.h"
 #include "workbench/prompts.h"
 
 namespace pondera {

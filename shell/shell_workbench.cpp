@@ -7,15 +7,12 @@
 #include "shell/browser_version.h"
 #include "shell/frm_settings.h"
 #include "shell/shell_commands.h"
+#include "site/page_name.h"
 #include "workbench/prompts.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-constexpr auto kHomePage = "index.htm"_L1;
-}
 
 ShellWorkbench::ShellWorkbench(const Roots& roots, EditingControl& editor, Prompts& prompts, Progress& progress,
                                QSettings& settings)

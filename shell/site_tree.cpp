@@ -4,6 +4,7 @@
 #include <QHeaderView>
 
 #include "shell/command_actions.h"
+#include "site/page_name.h"
 
 namespace pondera {
 
@@ -28,10 +29,6 @@ const QList<Group>& groups() {
         {"Popups"_L1, "page-popup"_L1, {PageKind::kPopup}},
     };
     return kGroups;
-}
-
-bool is_home(const TreePage& page) {
-    return page.file_name == "index.htm"_L1;
 }
 
 QTreeWidgetItem* page_item(QTreeWidgetItem* parent, const TreePage& page, const QString& icon) {
@@ -69,12 +66,12 @@ void SiteTree::show_website(const QString& name, QList<TreePage> pages) {
     bold.setBold(true);
     website->setFont(0, bold);
     for (const TreePage& page : pages) {
-        if (is_home(page)) page_item(website, page, u"home"_s);
+        if (is_home_page(page.file_name)) page_item(website, page, u"home"_s);
     }
     for (const Group& group : groups()) {
         QTreeWidgetItem* group_item = nullptr;
         for (const TreePage& page : pages) {
-            if (is_home(page) || !group.kinds.contains(page.kind)) continue;
+            if (is_home_page(page.file_name) || !group.kinds.contains(page.kind)) continue;
             if (group_item == nullptr) group_item = new QTreeWidgetItem(website, {group.title});
             page_item(group_item, page, group.icon);
         }
