@@ -19,7 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kTellStateAfter = 30;   // milliseconds in which changes are told once
 constexpr int kKeepTextAfter = 3000;  // milliseconds of rest after a change until the text is kept
+
+// Pages give up their places on windows as narrow as a phone; nobody edits that arrangement.
+constexpr int kNarrowest = 640;
 
 QByteArray digest_of(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
@@ -66,6 +70,7 @@ SelectedElement element_from(const QJsonObject& json) {
 DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineView(this)), page_(new ScriptPage(view_)) {
     setObjectName(u"DHTMLEdit1"_s);
     view_->setPage(page_);
+    view_->setMinimumWidth(kNarrowest);
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -79,7 +84,7 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
         page_, &ScriptPage::stateTold, this,
         [this] {
             keep_text_.start(kKeepTextAfter);
-            emit stateChanged();
+            if (!tell_state_.isActive()) tell_state_.start(kTellStateAfter);
         },
         Qt::QueuedConnection);
     connect(page_, &ScriptPage::pasteAsked, this, &DHTMLEdit::paste, Qt::QueuedConnection);
@@ -87,6 +92,8 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
         if (status != QWebEnginePage::NormalTerminationStatus)
             QMetaObject::invokeMethod(this, &DHTMLEdit::restore_after_crash, Qt::QueuedConnection);
     });
+    tell_state_.setSingleShot(true);
+    connect(&tell_state_, &QTimer::timeout, this, &DHTMLEdit::stateChanged);
     keep_text_.setSingleShot(true);
     connect(&keep_text_, &QTimer::timeout, this, [this] {
         page_->call_later(u"documentText.text"_s, [this](const QJsonValue& text) {
@@ -243,6 +250,8 @@ void DHTMLEdit::paste() {
     const QStringList files = local_files(data);
     if (!files.isEmpty()) {
         emit filesDropped(files);
+    } else if (data->hasImage() && !data->hasText()) {
+        emit picturePasted(qvariant_cast<QImage>(data->imageData()));
     } else if (data->hasHtml() || data->hasText()) {
         page_->call(u"clipboard.paste"_s, {data->html(), data->text()});
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QJsonObject>
 #include <QStringList>
 #include <QTimer>
@@ -61,6 +62,9 @@ class DHTMLEdit : public QWidget, public EditingControl {
     /// Files were dropped on the page.
     void filesDropped(const QStringList& paths);
 
+    /// A picture was pasted that is no file.
+    void picturePasted(const QImage& picture);
+
     /// The engine's process ended unexpectedly; the document was restored from the last text that was known (at most a
     /// few seconds old).
     void restoredAfterCrash();
@@ -84,6 +88,7 @@ class DHTMLEdit : public QWidget, public EditingControl {
     QString line_end_;
     QByteArray digest_;   ///< of the file's bytes as last loaded or saved
     QString known_text_;  ///< the last text known, for the case that the engine's process dies
+    QTimer tell_state_;
     QTimer keep_text_;
 };
 

@@ -4,12 +4,14 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QJsonDocument>
+#include <QPointer>
 #include <QTimer>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 // The resources lie in a static library, which the linker leaves out unless they are asked for.
 static void initialise_resources() {

@@ -5,15 +5,15 @@
     const selection = pondera.selection;
     const history = pondera.history;
 
-    // The program listens to these lines and then asks for the state once.
+    // The program listens to these lines and then asks for the state. (Timers do not run while page scripts are off.)
     let told = false;
     function tell() {
         if (told) return;
         told = true;
-        setTimeout(() => {
+        queueMicrotask(() => {
             told = false;
             console.info("pondera:state");
-        }, 20);
+        });
     }
     pondera.changed = () => {
         selection.placeFrame();
