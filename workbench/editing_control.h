@@ -88,6 +88,10 @@ class EditingControl {
     /// that it had.
     virtual FileResult<void> load_document(const QString& path) = 0;
 
+    /// Takes the document's file from disk again, as one step that can be undone; afterwards the control is unmodified.
+    /// Fails as load_document.
+    virtual FileResult<void> reload_document() = 0;
+
     /// Writes the document to `path` in the encoding that it was read in; afterwards the control is unmodified. On
     /// failure the file on disk is the old one and the control stays modified.
     virtual FileResult<void> save_document(const QString& path) = 0;

@@ -48,6 +48,22 @@ FileError control_error(FileError error) {
     return error;
 }
 
+QString line_end_of(const QString& text) {
+    if (text.contains(u"\r\n"_s)) return u"\r\n"_s;
+    return text.contains(u'\n') || !text.contains(u'\r') ? u"\n"_s : u"\r"_s;
+}
+
+// The bytes of a page file that can be edited.
+FileResult<QByteArray> read_page(const QString& path) {
+    if (QFileInfo(path).size() > kLargestPage) return std::unexpected(FileError{FaultNumber::kTooLarge, path, {}});
+    auto bytes = read_file(path);
+    if (!bytes) return std::unexpected(control_error(bytes.error()));
+    const FaultNumber of_bytes = fault_of_bytes(*bytes);
+    const FaultNumber fault = of_bytes == FaultNumber::kNone ? fault_of_text(decode_text(*bytes).text) : of_bytes;
+    if (fault != FaultNumber::kNone) return std::unexpected(FileError{fault, path, {}});
+    return bytes;
+}
+
 SelectedElement element_from(const QJsonObject& json) {
     SelectedElement element;
     element.tag = json[u"tag"_s].toString();
@@ -107,27 +123,33 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
 DHTMLEdit::~DHTMLEdit() = default;
 
 FileResult<void> DHTMLEdit::load_document(const QString& path) {
-    if (QFileInfo(path).size() > kLargestPage) return std::unexpected(FileError{FaultNumber::kTooLarge, path, {}});
-    const auto bytes = read_file(path);
-    if (!bytes) return std::unexpected(control_error(bytes.error()));
-    if (const FaultNumber fault = fault_of_bytes(*bytes); fault != FaultNumber::kNone)
-        return std::unexpected(FileError{fault, path, {}});
-    const TextFile file = decode_text(*bytes);
-    if (const FaultNumber fault = fault_of_text(file.text); fault != FaultNumber::kNone) {
-        return std::unexpected(FileError{fault, path, {}});
-    }
+    const auto bytes = read_page(path);
+    if (!bytes) return std::unexpected(bytes.error());
     folder_ = QFileInfo(path).absolutePath();
-    if (!page_->start(QUrl::fromLocalFile(folder_ + u'/')))
+    if (!page_->start(QUrl::fromLocalFile(folder_ + u'/'))) {
         return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
-    encoding_ = file.encoding;
-    line_end_ = file.text.contains(u"\r\n"_s)                             ? u"\r\n"_s
-                : file.text.contains(u'\n') || !file.text.contains(u'\r') ? u"\n"_s
-                                                                          : u"\r"_s;
+    }
     path_ = path;
-    remember_stamp(*bytes);
-    show_text(file.text);
+    show_text(remember_file(*bytes));
     emit stateChanged();
     return {};
+}
+
+FileResult<void> DHTMLEdit::reload_document() {
+    const auto bytes = read_page(path_);
+    if (!bytes) return std::unexpected(bytes.error());
+    replace_text(remember_file(*bytes));
+    page_->call(u"history.markSaved"_s);
+    emit stateChanged();
+    return {};
+}
+
+QString DHTMLEdit::remember_file(const QByteArray& bytes) {
+    const TextFile file = decode_text(bytes);
+    encoding_ = file.encoding;
+    line_end_ = line_end_of(file.text);
+    digest_ = digest_of(bytes);
+    return file.text;
 }
 
 FileResult<void> DHTMLEdit::save_document(const QString& path) {
@@ -137,14 +159,10 @@ FileResult<void> DHTMLEdit::save_document(const QString& path) {
     const auto written = write_file(path, bytes);
     if (!written) return std::unexpected(control_error(written.error()));
     path_ = path;
-    remember_stamp(bytes);
+    digest_ = digest_of(bytes);
     page_->call(u"history.markSaved"_s);
     emit stateChanged();
     return {};
-}
-
-void DHTMLEdit::remember_stamp(const QByteArray& bytes) {
-    digest_ = digest_of(bytes);
 }
 
 bool DHTMLEdit::changed_on_disk() const {

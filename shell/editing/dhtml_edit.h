@@ -27,6 +27,7 @@ class DHTMLEdit : public QWidget, public EditingControl {
     ~DHTMLEdit() override;
 
     FileResult<void> load_document(const QString& path) override;
+    FileResult<void> reload_document() override;
     FileResult<void> save_document(const QString& path) override;
     [[nodiscard]] QString document_path() const override { return path_; }
     [[nodiscard]] bool changed_on_disk() const override;
@@ -76,7 +77,7 @@ class DHTMLEdit : public QWidget, public EditingControl {
     void show_text(const QString& text);
     void paste();
     bool copy();
-    void remember_stamp(const QByteArray& bytes);
+    QString remember_file(const QByteArray& bytes);
     void restore_after_crash();
     [[nodiscard]] QString with_line_ends(const QString& text) const;
 

@@ -100,6 +100,20 @@ TEST_F(DocumentText, KnowsWhenItsFileWasChangedByOthers) {
     EXPECT_FALSE(editor_.changed_on_disk());
 }
 
+TEST_F(DocumentText, ReloadedFromDiskIsOneUnmodifiedStep) {
+    load(u"<body><p>a</p></body>"_s);
+    editor_.paste_at_end(u"<b>mine</b>"_s);
+    const QString mine = editor_.text();
+    ASSERT_TRUE(write_file(path(u"page.htm"_s), "<body><p>theirs</p></body>"));
+    ASSERT_TRUE(editor_.reload_document());
+    EXPECT_EQ(body(), u"\n<P>theirs</P>"_s);
+    EXPECT_FALSE(editor_.modified());
+    EXPECT_FALSE(editor_.changed_on_disk());
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_EQ(editor_.text(), mine);
+    EXPECT_TRUE(editor_.modified());
+}
+
 TEST_F(DocumentText, ReplacedAsAWholeIsOneStep) {
     load(u"<html><head><title>A</title></head><body><p>one</p><p>two</p></body></html>"_s);
     const QString before = editor_.text();
