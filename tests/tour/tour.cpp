@@ -1,0 +1,233 @@
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QDirIterator>
+#include <QImage>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QSettings>
+#include <QTest>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/text_file.h"
+#include "shell/editing/dhtml_edit.h"
+#include "shell/frm_splash.h"
+#include "shell/frm_wizard.h"
+#include "shell/look.h"
+#include "shell/main_form.h"
+#include "site/first_start.h"
+#include "tests/support/scripted_prompts.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+namespace {
+
+/// Goes through the program as a new user does and leaves a numbered picture of each step in the folder that the
+/// environment variable PONDERA_PICTURES names.
+class Tour : public testing::Test {
+  protected:
+    Tour() : settings_(u"Pondera"_s, u"Pondera"_s), roots_(Roots::of_user()) { settings_.beginGroup("Parametri"_L1); }
+
+    static bool wait_until(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 20000); }
+
+    void photograph(QWidget& window, const QString& name) {
+        const QString folder = qEnvironmentVariable("PONDERA_PICTURES");
+        QTest::qWait(300);
+        if (folder.isEmpty()) return;
+        QDir().mkpath(folder);
+        ASSERT_TRUE(window.grab().save(u"%1/%2-%3.png"_s.arg(folder).arg(++pictures_, 2, 10, u'0').arg(name)));
+    }
+
+    /// Copies the finished Website beside the pictures.
+    static void keep_website(const QString& folder) {
+        const QString pictures = qEnvironmentVariable("PONDERA_PICTURES");
+        if (pictures.isEmpty()) return;
+        const QDir to(pictures + u'/' + QFileInfo(folder).fileName());
+        QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString path = to.filePath(QDir(folder).relativeFilePath(files.next()));
+            ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()) && QFile::copy(files.filePath(), path));
+        }
+    }
+
+    QWidget& page() { return *editor_->view()->focusProxy(); }
+
+    QVariant in_page(const QString& expression) {
+        std::optional<QVariant> result;
+        editor_->view()->page()->runJavaScript(expression, QWebEngineScript::ApplicationWorld,
+                                               [&result](const QVariant& value) { result = value; });
+        EXPECT_TRUE(wait_until([&result] { return result.has_value(); }));
+        return result.value_or(QVariant());
+    }
+
+    /// The middle of an element, in the page's window; the element is brought into view first.
+    QPoint middle_of(const QString& selector) {
+        const QVariantList place = in_page(
+                                       uR"((() => {
+            const e = document.querySelector("%1");
+            e.scrollIntoView({ block: "nearest" });
+            const r = e.getBoundingClientRect();
+            return [r.left + r.width / 2, r.top + r.height / 2]; })())"_s.arg(selector))
+                                       .toList();
+        if (place.size() != 2) {
+            ADD_FAILURE() << "not on the page: " << qPrintable(selector);
+            return {};
+        }
+        return QPointF(place[0].toDouble(), place[1].toDouble()).toPoint();
+    }
+
+    void type(const QString& text) {
+        for (const QChar letter : text) QTest::keyClick(&page(), letter.toLatin1());
+        QTest::qWait(50);
+    }
+
+    /// Selects what an element holds, as Home and Shift+End do.
+    void select_line(const QString& selector) {
+        QTest::mouseClick(&page(), Qt::LeftButton, {}, middle_of(selector));
+        QTest::keyClick(&page(), Qt::Key_Home);
+        QTest::keyClick(&page(), Qt::Key_End, Qt::ShiftModifier);
+        QTest::qWait(100);
+    }
+
+    void move_mouse(const QPoint& place) {
+        QMouseEvent move(QEvent::MouseMove, place, page().mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&page(), &move);
+        QTest::qWait(60);
+    }
+
+    void trigger(const QString& name) {
+        auto* action = window_->findChild<QAction*>(name);
+        ASSERT_NE(action, nullptr) << qPrintable(name);
+        ASSERT_TRUE(wait_until([action] { return action->isEnabled(); })) << qPrintable(name) << " is disabled";
+        action->trigger();
+    }
+
+    QSettings settings_;
+    Roots roots_;
+    ScriptedPrompts prompts_;
+    std::unique_ptr<MainForm> window_;
+    DHTMLEdit* editor_ = nullptr;
+    int pictures_ = 0;
+};
+
+TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
+    const auto installed = install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR) + u"/system"_s, roots_);
+    ASSERT_TRUE(installed);
+
+    bool started = false;
+    {
+        frmSplash splash([&started] { started = true; });
+        splash.show();
+        ASSERT_TRUE(wait_until([&started] { return started; }));
+        photograph(splash, u"splash"_s);
+    }
+
+    window_ = std::make_unique<MainForm>(roots_, prompts_, settings_);
+    window_->resize(1180, 780);
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    editor_ = window_->findChild<DHTMLEdit*>(u"DHTMLEdit1"_s);
+    ASSERT_NE(editor_, nullptr);
+    photograph(*window_, u"start"_s);
+
+    show_wizard(window_->workbench());
+    auto* wizard = window_->findChild<frmWizard*>();
+    ASSERT_NE(wizard, nullptr);
+    photograph(*wizard, u"wizard"_s);
+
+    prompts_
+        .expect_form(u"Frm_Nuovo"_s,
+                     [this](const FormHand& form) {
+                         form.type(u"txtName"_s, u"Lighthouse"_s);
+                         photograph(form.form(), u"new-website-name"_s);
+                         form.click(u"OKButton"_s);
+                     })
+        .expect_form(u"Frm_Selezione_Iniziale"_s,
+                     [this](const FormHand& form) {
+                         form.choose(u"list"_s, u"Interfaccia Standard_Interface"_s);
+                         photograph(form.form(), u"new-website-model"_s);
+                         form.click(u"OKButton"_s);
+                     })
+        .expect_form(u"Frm_Selezione_Iniziale1"_s, [this](const FormHand& form) {
+            form.choose(u"list"_s, form.entries(u"list"_s).constFirst());
+            photograph(form.form(), u"new-website-first-page"_s);
+            form.click(u"OKButton"_s);
+        });
+    QTest::mouseClick(wizard->findChild<QPushButton*>(u"cmd_create"_s), Qt::LeftButton);
+    wizard->close();
+    ASSERT_EQ(window_->workbench().website(), u"Lighthouse"_s);
+    EXPECT_EQ(window_->windowTitle(), u"Pondera   VANTILE PRO - Lighthouse"_s);
+    photograph(*window_, u"home-page"_s);
+
+    editor_->view()->setFocus();
+    select_line(u"h1"_s);
+    type(u"The lighthouse is open"_s);
+    select_line(u"h1 + p"_s);
+    type(u"Come up on Sundays, the view is free."_s);
+    QTest::keyClick(&page(), Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&page(), Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::qWait(100);
+    trigger(u"Bold"_s);
+    EXPECT_THAT(editor_->text().toStdString(), HasSubstr("The lighthouse is open</H1>"));
+    EXPECT_THAT(editor_->text().toStdString(), HasSubstr("<B>free.</B>"));
+    photograph(*window_, u"typed-and-formatted"_s);
+
+    prompts_.expect_form(u"Frm_Inserisci_Imm"_s, [this](const FormHand& form) {
+        form.type(u"picture_path"_s, QDir(roots_.graphics_library()).filePath(u"Sea.jpg"_s));
+        photograph(form.form(), u"insert-image"_s);
+        form.click(u"OKButton"_s);
+    });
+    trigger(u"immagine"_s);
+    const Selection inserted = editor_->selection();
+    ASSERT_TRUE(inserted.element);
+    EXPECT_EQ(inserted.element->box.topLeft(), QPoint(10, 10));
+    const QString picture = u"img[name='%1']"_s.arg(inserted.element->name);
+    photograph(*window_, u"image-inserted"_s);
+
+    const QPoint from = middle_of(picture);
+    QTest::mousePress(&page(), Qt::LeftButton, {}, from);
+    for (const QPoint& step : {QPoint(40, 30), QPoint(180, 110), QPoint(260, 168)}) move_mouse(from + step);
+    photograph(*window_, u"image-dragged-with-guides"_s);
+    QTest::mouseRelease(&page(), Qt::LeftButton, {}, from + QPoint(260, 168));
+    QTest::qWait(100);
+    const QRect placed = editor_->selection().element->box;
+    EXPECT_NEAR(placed.left(), 270, 8);
+    EXPECT_NEAR(placed.top(), 178, 8);
+
+    EXPECT_TRUE(editor_->modified());
+    trigger(u"salva"_s);
+    EXPECT_FALSE(editor_->modified());
+    photograph(*window_, u"saved"_s);
+
+    const QString folder = roots_.website(u"Lighthouse"_s);
+    const auto published = read_text_file(folder + u"/index.htm"_s);
+    ASSERT_TRUE(published);
+    EXPECT_FALSE(published->text.contains(QRegularExpression(u"[§ç]|file:"_s)));
+    EXPECT_THAT(published->text.toStdString(), HasSubstr("<TITLE>Lighthouse - Home Page</TITLE>"));
+    EXPECT_THAT(
+        published->text.toStdString(),
+        HasSubstr(u"LEFT: %1px; POSITION: absolute; TOP: %2px"_s.arg(placed.left()).arg(placed.top()).toStdString()));
+    EXPECT_TRUE(QFile::exists(folder + u"/media/img/Sea.jpg"_s));
+
+    trigger(u"Modo_Browse"_s);
+    ASSERT_TRUE(wait_until([this] { return window_->workbench().browsing(); }));
+    QTest::qWait(700);
+    photograph(*window_, u"browse-mode"_s);
+    trigger(u"Modo_edit"_s);
+    ASSERT_TRUE(wait_until([this] { return !window_->workbench().browsing(); }));
+    EXPECT_EQ(window_->workbench().page(), u"index.htm"_s);
+    EXPECT_FALSE(editor_->modified());
+    keep_website(folder);
+}
+
+}  // namespace
+
+}  // namespace pondera
