@@ -5,7 +5,6 @@
 #include "base/files.h"
 #include "base/text_file.h"
 #include "elements/published_page.h"
-#include "shell/editing/document_checks.h"
 #include "shell/page/page_expansions.h"
 #include "shell/page/page_faults.h"
 #include "shell/page/page_search.h"
@@ -21,16 +20,6 @@ constexpr int kConversionSteps = 100;
 
 QString path_in(const QString& folder, const QString& file) {
     return QDir(folder).filePath(file);
-}
-
-/// The bytes of a page file, refused with the editing control's numbers.
-FileResult<QByteArray> read_page(const QString& path) {
-    if (!QFileInfo::exists(path)) return std::unexpected(FileError{FaultNumber::kFileNotFound, path, {}});
-    auto bytes = read_file(path);
-    if (!bytes) return bytes;
-    const FaultNumber of_bytes = fault_of_bytes(*bytes);
-    const FaultNumber fault = of_bytes == FaultNumber::kNone ? fault_of_text(decode_text(*bytes).text) : of_bytes;
-    return fault == FaultNumber::kNone ? bytes : std::unexpected(FileError{fault, path, {}});
 }
 
 }  // namespace
@@ -63,7 +52,6 @@ FileResult<void> OpenPage::load(const QString& folder, const QString& name) {
     }
     folder_ = QDir::toNativeSeparators(QDir(folder).absolutePath());
     page_ = published_name(copy);
-    reloaded_bytes_.clear();
     editor_.caret_to_start();
     return {};
 }
@@ -90,24 +78,24 @@ bool OpenPage::Salvataggio_Doc_Cor() {
 bool OpenPage::salva_file(const QString& path) {
     if (path.isEmpty()) return true;
     const auto saved = editor_.save_document(path);
-    if (saved)
-        reloaded_bytes_.clear();
-    else
-        show_save_fault(saved.error());
+    if (!saved) show_save_fault(saved.error());
     editor_.caret_to_start();
     return saved.has_value();
 }
 
 bool OpenPage::write_published_page() {
     ProgressRun run(progress_, u"Save of page"_s, u"in progress..."_s, kConversionSteps);
-    const PublishedPage published = convert_page(
-        editor_.text(), {.roots = roots_,
-                         .website = QDir(folder_).dirName(),
-                         .expansions = page_expansions(),
-                         .progress = [&run](int done, int total) { run.advance(done * kConversionSteps / total); }});
     const auto copy = read_text_file(editor_.document_path());
-    const auto written =
-        copy ? write_text_file(path_in(folder_, page_), published.text, copy->encoding) : std::unexpected(copy.error());
+    if (!copy) {
+        show_save_fault(copy.error());
+        return false;
+    }
+    const PublishedPage published = convert_page(
+        copy->text, {.roots = roots_,
+                     .website = QDir(folder_).dirName(),
+                     .expansions = page_expansions(),
+                     .progress = [&run](int done, int total) { run.advance(done * kConversionSteps / total); }});
+    const auto written = write_text_file(path_in(folder_, page_), published.text, copy->encoding);
     if (!written) show_save_fault(written.error());
     for (const QString& report : published.reports) prompts_.tell(report);
     return written.has_value();
@@ -133,9 +121,7 @@ bool OpenPage::may_overwrite() {
 }
 
 bool OpenPage::changed_by_another_program() const {
-    if (!QFileInfo::exists(editor_.document_path()) || !editor_.changed_on_disk()) return false;
-    const auto bytes = read_file(editor_.document_path());
-    return !bytes || reloaded_bytes_.isEmpty() || *bytes != reloaded_bytes_;
+    return QFileInfo::exists(editor_.document_path()) && editor_.changed_on_disk();
 }
 
 void OpenPage::show_save_fault(const FileError& error) {
@@ -147,20 +133,14 @@ void OpenPage::show_save_fault(const FileError& error) {
 
 bool OpenPage::reload() {
     if (page_.isEmpty()) return false;
-    const auto bytes = read_page(editor_.document_path());
-    if (!bytes) {
-        prompts_.tell(load_fault_message(bytes.error().number), MessageIcon::kCritical);
-        return false;
-    }
-    editor_.replace_text(decode_text(*bytes).text);
-    reloaded_bytes_ = *bytes;
-    return true;
+    const auto reloaded = editor_.reload_document();
+    if (!reloaded) prompts_.tell(load_fault_message(reloaded.error().number), MessageIcon::kCritical);
+    return reloaded.has_value();
 }
 
 void OpenPage::close() {
     folder_.clear();
     page_.clear();
-    reloaded_bytes_.clear();
 }
 
 PageKind OpenPage::kind() const {

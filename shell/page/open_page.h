@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -60,8 +59,6 @@ class OpenPage {
     std::function<bool()> may_convert_;
     QString folder_;
     QString page_;
-    QByteArray
-        reloaded_bytes_;  ///< what the last reload took from disk, so that it does not count as another program's
 };
 
 }  // namespace pondera
