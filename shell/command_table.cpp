@@ -1,11 +1,12 @@
 #include "shell/command_table.h"
 
 #include "shell/shell_commands.h"
+#include "shell/website/website_commands.h"
 
 namespace pondera {
 
 QList<Command> command_table() {
-    return shell_commands() + edit_commands();
+    return website_commands() + shell_commands() + edit_commands();
 }
 
 }  // namespace pondera

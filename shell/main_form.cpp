@@ -13,6 +13,7 @@
 #include "shell/text_toolbar.h"
 #include "shell/toolbar.h"
 #include "shell/web_browser.h"
+#include "shell/website/recent_websites.h"
 #include "site/page_name.h"
 #include "site/website_listing.h"
 #include "workbench/prompts.h"
@@ -226,7 +227,7 @@ void MainForm::show_page() {
 
 void MainForm::show_recent() {
     recent_->clear();
-    const QStringList websites;
+    const QStringList websites = recent_websites(workbench_.settings(), workbench_.roots());
     for (const QString& website : websites) {
         recent_->addAction(QString(website).replace(u'&', u"&&"_s), this,
                            [this, website] { workbench_.open_website(website); });

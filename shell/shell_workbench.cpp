@@ -7,6 +7,7 @@
 #include "shell/browser_version.h"
 #include "shell/frm_settings.h"
 #include "shell/shell_commands.h"
+#include "shell/website/recent_websites.h"
 #include "site/page_name.h"
 #include "workbench/prompts.h"
 
@@ -57,6 +58,7 @@ QString ShellWorkbench::website_folder() const {
 bool ShellWorkbench::open_website(const QString& name) {
     if (!may_leave_page() || !open_page_.NUOVA_VIDEATA(roots_.website(name), kHomePage)) return false;
     website_ = name;
+    remember_website(settings_, name);
     emit websiteChanged();
     emit treeChanged();
     page_is_loaded();

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QStringList system_cards(const Roots& roots) {
-    return QDir(roots.system_folder()).entryList({u"*_card.htm"_s}, QDir::Files, QDir::Name | QDir::IgnoreCase);
+    return QDir(roots.system_folder()).entryList({u"*_card.htm"_s}, QDir::Files);
 }
 
 }  // namespace
@@ -24,6 +24,7 @@ QStringList list_interface_models(const Roots& roots) {
         if (mark > 0) models += file.first(mark);
     }
     models.removeDuplicates();
+    models.sort(Qt::CaseInsensitive);
     return models;
 }
 

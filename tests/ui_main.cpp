@@ -3,6 +3,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include "shell/look.h"
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
@@ -26,5 +28,6 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setOrganizationName(u"Pondera"_s);
     QApplication::setApplicationName(u"Pondera"_s);
+    pondera::set_look(application);
     return RUN_ALL_TESTS();
 }

@@ -45,9 +45,10 @@ TEST(WebsiteListing, PagesAreListedByTheirPublishedNames) {
 TEST(InterfaceModels, EachIsListedOnceWithItsCards) {
     const QTemporaryDir base;
     const Roots roots(base.path());
-    put(roots.system_folder(), {u"Store_§_2_card.htm"_s, u"Store_§_1_card.htm"_s, u"Store_çMenu.htm"_s,
-                                u"art-1_§_2_card.htm"_s, u"old_card.htm"_s, u"_§_1_card.htm"_s, u"vuota.htm"_s});
-    EXPECT_EQ(list_interface_models(roots), QStringList({u"art-1"_s, u"Store"_s}));
+    put(roots.system_folder(),
+        {u"Store_§_2_card.htm"_s, u"Store_§_1_card.htm"_s, u"Store_çMenu.htm"_s, u"art-1_§_2_card.htm"_s,
+         u"art-10_§_1_card.htm"_s, u"old_card.htm"_s, u"_§_1_card.htm"_s, u"vuota.htm"_s});
+    EXPECT_EQ(list_interface_models(roots), QStringList({u"art-1"_s, u"art-10"_s, u"Store"_s}));
     EXPECT_EQ(interface_model_cards(roots, u"Store"_s), QList<int>({1, 2}));
     EXPECT_EQ(interface_model_cards(roots, u"art-1"_s), QList<int>({2}));
 }

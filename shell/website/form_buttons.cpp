@@ -1,0 +1,24 @@
+#include "shell/website/form_buttons.h"
+
+#include <QtWidgets>
+
+#include "workbench/workbench.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+QDialogButtonBox* form_buttons(QDialog& form, Workbench& workbench, const Help& help) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(u"OKButton"_s);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"CancelButton"_s);
+    buttons->button(QDialogButtonBox::Help)->setObjectName(u"HelpButton"_s);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &form, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &form, &QDialog::reject);
+    QObject::connect(buttons, &QDialogButtonBox::helpRequested, &form,
+                     [&workbench, help] { workbench.show_help(help); });
+    return buttons;
+}
+
+}  // namespace pondera
