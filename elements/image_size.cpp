@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLeastScore = 3;
-constexpr int kGreatestLength = 30000;
 
 /// True when `tag` holds `property` and nothing of its value follows ("LEFT: 10" is not in "LEFT: 100px").
 bool holds(const QString& tag, const QString& property) {
@@ -35,17 +34,14 @@ int score(const QString& tag, const ImageTraits& image) {
     return score;
 }
 
-QString with_attribute_length(QString tag, QStringView name, int length) {
-    const auto place = find_attribute(tag, name);
-    return tag.replace(place->value_begin, place->value_end - place->value_begin, QString::number(length));
-}
-
 QString with_length(QString tag, const QString& key, int length) {
-    const QStringView style = attribute_value(tag, u"style");
+    const auto attribute = find_attribute(tag, key);
+    if (attribute)
+        tag.replace(attribute->value_begin, attribute->value_end - attribute->value_begin, QString::number(length));
+    const QString style = attribute_value(tag, u"style").toString();
     const bool in_style = !style_property(style, key).isEmpty();
-    const bool in_attribute = find_attribute(tag, key).has_value();
-    if (in_style || !in_attribute) tag = tag_with_style(tag, with_style_property(style, key, u"%1px"_s.arg(length)));
-    return in_attribute ? with_attribute_length(tag, key, length) : tag;
+    if (attribute && !in_style) return tag;
+    return tag_with_style(tag, with_style_property(style, key, u"%1px"_s.arg(length)));
 }
 
 }  // namespace
@@ -76,7 +72,7 @@ QString image_with_size(const QString& tag, const QSize& size) {
 std::optional<int> parse_image_length(const QString& text) {
     bool is_number = false;
     const int length = text.trimmed().toInt(&is_number);
-    if (!is_number || length < 1 || length > kGreatestLength) return std::nullopt;
+    if (!is_number || length < 1 || length > kGreatestImageLength) return std::nullopt;
     return length;
 }
 

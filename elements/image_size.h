@@ -25,7 +25,9 @@ struct ImageTraits {
 /// or both); a tag without a size gets style properties.
 [[nodiscard]] QString image_with_size(const QString& tag, const QSize& size);
 
-/// True for a text that the size fields accept: a whole number from 1 to 30000.
+inline constexpr int kGreatestImageLength = 30000;
+
+/// A width or height as typed into a size field; nothing unless it is a whole number from 1 to 30000.
 [[nodiscard]] std::optional<int> parse_image_length(const QString& text);
 
 }  // namespace pondera

@@ -22,7 +22,7 @@ QString with_position(QString markup, int left, int top) {
 }  // namespace
 
 QString picture_markup(const PictureInsertion& insertion) {
-    const int edge = is_popup_page(insertion.page_file) ? 0 : 10;
+    const int edge = default_edge(insertion.page_file);
     const QString name = free_element_name(insertion.name_source, insertion.page_text);
     QString markup = with_free_level(kTemplate, FzIndex(insertion.page_text));
     markup = with_position(markup, edge, edge);
@@ -30,6 +30,14 @@ QString picture_markup(const PictureInsertion& insertion) {
     markup.replace(kTemplatePicture, insertion.picture);
     markup.replace(u"<IMG"_s, u"<IMG name=\"%1\""_s.arg(name));
     return with_picture_level(markup);
+}
+
+int default_edge(const QString& page_file) {
+    return is_popup_page(page_file) ? 0 : 10;
+}
+
+QSize size_that_fits(const QSize& picture, int width) {
+    return picture.scaled(QSize(width, picture.height()), Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
 bool is_popup_page(const QString& page_file) {

@@ -20,6 +20,12 @@ struct PictureInsertion {
 /// a popup page 0, 0), picture, name, in this order, and at last the rule of level 830.
 [[nodiscard]] QString picture_markup(const PictureInsertion& insertion);
 
+/// How far from the page's left and top edge a new picture is placed.
+[[nodiscard]] int default_edge(const QString& page_file);
+
+/// A picture's size scaled down to a width, in its proportions.
+[[nodiscard]] QSize size_that_fits(const QSize& picture, int width);
+
 /// True for a popup page's file name ("§_x_..." or "_x_...").
 [[nodiscard]] bool is_popup_page(const QString& page_file);
 

@@ -2,7 +2,6 @@
 
 #include <QDir>
 
-#include "base/files.h"
 #include "base/text_file.h"
 #include "elements/published_page.h"
 #include "shell/page/page_expansions.h"
@@ -47,7 +46,7 @@ FileResult<void> OpenPage::load(const QString& folder, const QString& name) {
     }
     const auto loaded = editor_.load_document(path_in(folder, copy));
     if (!loaded) {
-        if (!found) (void)remove_file(path_in(folder, copy));
+        if (!found) QFile::remove(path_in(folder, copy));
         return loaded;
     }
     folder_ = QDir::toNativeSeparators(QDir(folder).absolutePath());
