@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kLargestPicture = 1024;  // decoded, in MiB: a camera's picture of 200 megapixels
+
 bool is_shown_by_browsers(const QByteArray& format) {
     static const QSet<QByteArray> kFormats{"gif", "jpeg", "jpg", "png", "svg", "webp", "bmp", "ico"};
     return kFormats.contains(format.toLower());
@@ -22,6 +24,7 @@ std::expected<Picture, QString> probe_picture(const QString& path, const QSize& 
     const QFileInfo file(path);
     if (!file.isFile()) return std::unexpected(u"The file \"%1\" does not exist."_s.arg(path));
 
+    QImageReader::setAllocationLimit(kLargestPicture);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
