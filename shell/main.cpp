@@ -19,14 +19,15 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Makes the program's folders and brings what it ships with into them, the help viewer too. False, after telling why, when there is
-/// no folder to work in; a file that could not be copied is told and the program goes on.
+/// Makes the program's folders and brings what it ships with into them, the help viewer too. False, after telling why,
+/// when there is no folder to work in; a file that could not be copied is told and the program goes on.
 bool prepare_folders(const pondera::Roots& roots, pondera::Prompts& prompts) {
     if (!QDir().mkpath(roots.websites())) {
-        prompts.tell(u"Pondera keeps its Websites in the folder\n%1\nwhich cannot be made here. Make it yourself, or name "
-                     "another base folder in the environment variable PONDERA_HOME."_s.arg(
-                         QDir::toNativeSeparators(roots.websites())),
-                     pondera::MessageIcon::kCritical);
+        prompts.tell(
+            u"Pondera keeps its Websites in the folder\n%1\nwhich cannot be made here. Make it yourself, or name "
+            "another base folder in the environment variable PONDERA_HOME."_s.arg(
+                QDir::toNativeSeparators(roots.websites())),
+            pondera::MessageIcon::kCritical);
         return false;
     }
     const QDir programs(QApplication::applicationDirPath());

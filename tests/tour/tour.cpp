@@ -43,7 +43,7 @@ class Tour : public testing::Test {
         QTest::qWait(300);
         if (folder.isEmpty()) return;
         QDir().mkpath(folder);
-        ASSERT_TRUE(window.grab().save(u"%1/%2-%3.png"_s.arg(folder).arg(++pictures_, 2, 10, u'0').arg(name)));
+        ASSERT_TRUE(window.grab().save(u"%1/%2-%3.png"_s.arg(folder).arg(++pictures_, 2, 10, QChar(u'0')).arg(name)));
     }
 
     /// Copies the finished Website beside the pictures.
@@ -89,11 +89,11 @@ class Tour : public testing::Test {
         QTest::qWait(50);
     }
 
-    /// Selects what an element holds, as Home and Shift+End do.
-    void select_line(const QString& selector) {
+    /// Selects all words of a paragraph or heading.
+    void select_paragraph(const QString& selector) {
         QTest::mouseClick(&page(), Qt::LeftButton, {}, middle_of(selector));
-        QTest::keyClick(&page(), Qt::Key_Home);
-        QTest::keyClick(&page(), Qt::Key_End, Qt::ShiftModifier);
+        QTest::keyClick(&page(), Qt::Key_Up, Qt::ControlModifier);
+        QTest::keyClick(&page(), Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
         QTest::qWait(100);
     }
 
@@ -168,9 +168,9 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     photograph(*window_, u"home-page"_s);
 
     editor_->view()->setFocus();
-    select_line(u"h1"_s);
+    select_paragraph(u"h1"_s);
     type(u"The lighthouse is open"_s);
-    select_line(u"h1 + p"_s);
+    select_paragraph(u"h1 + p"_s);
     type(u"Come up on Sundays, the view is free."_s);
     QTest::keyClick(&page(), Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
     QTest::keyClick(&page(), Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);

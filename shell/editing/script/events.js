@@ -34,7 +34,6 @@
             return;
         }
         event.preventDefault();
-        document.body.focus();
         selection.select(element);
         if (event.button === 0) pondera.moving.start(event, element);
     });
