@@ -39,6 +39,8 @@ TEST(WebsiteListing, PagesAreListedByTheirPublishedNames) {
          u"Thumbs.db"_s, u"List.pdf"_s, u"Letter.DOC"_s, u"media/img/page.htm"_s});
     EXPECT_EQ(list_pages(base.path()),
               QStringList({u"index.htm"_s, u"_2_Sea.htm"_s, u"_4_Art.htm"_s, u"_4_zoo.htm"_s, u"about.HTML"_s}));
+    ASSERT_TRUE(remove_file(base.filePath(u"index.htm"_s)));
+    EXPECT_EQ(list_pages(base.path()).first(), u"index.htm"_s);
     EXPECT_EQ(list_documents(base.path()), QStringList({u"Letter.DOC"_s, u"List.pdf"_s}));
 }
 
