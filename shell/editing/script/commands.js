@@ -118,7 +118,7 @@ pondera.commands = (() => {
     function remove() {
         const element = selection.control();
         if (!element) {
-            document.execCommand("delete");
+            pondera.merging.deleteSelection();
             return;
         }
         selection.select(null);
@@ -176,6 +176,7 @@ pondera.commands = (() => {
         }
         pondera.history.step("command " + number, () => {
             if (textCommands[number]) {
+                pondera.merging.trimSelection();
                 document.execCommand(textCommands[number], false, value);
                 if (kBlockCommands.has(number)) pondera.inserting.partParagraphs();
             }

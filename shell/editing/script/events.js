@@ -123,15 +123,17 @@
             pondera.commands.execute(kFormats[event.inputType]);
             return;
         }
-        if (event.inputType === "insertText" || event.inputType === "insertCompositionText") {
-            const space = /^\s+$/.test(event.data || "");
-            history.typing("typing", afterSpace && !space);
-            afterSpace = space;
-        } else if (event.inputType.startsWith("deleteContent")) {
+        if (event.inputType === "insertFromDrop" || event.inputType === "deleteByDrag") return;
+        if (event.inputType.startsWith("delete")) {
             history.typing("deleting");
-        } else if (event.inputType !== "insertFromDrop" && event.inputType !== "deleteByDrag") {
-            history.typing("single");
+            if (pondera.merging.take(event.inputType.endsWith("Backward"))) event.preventDefault();
+            return;
         }
+        const text = event.inputType === "insertText" || event.inputType === "insertCompositionText";
+        const space = /^\s+$/.test(event.data || "");
+        history.typing(text ? "typing" : "single", text && afterSpace && !space);
+        afterSpace = text && space;
+        if (event.inputType.startsWith("insert")) pondera.merging.take();
     });
     on("input", () => pondera.changed());
 

@@ -16,7 +16,7 @@ pondera.inserting = (() => {
 
     // The place of the caret after what was selected has gone.
     function caretRange() {
-        if (!getSelection().isCollapsed) document.execCommand("delete");
+        if (!getSelection().isCollapsed) pondera.merging.deleteSelection();
         return pondera.selection.textRange();
     }
 

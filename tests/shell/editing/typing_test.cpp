@@ -43,6 +43,46 @@ TEST_F(Typing, GoesIntoTheTextAndIsTakenBackWordByWord) {
     EXPECT_TRUE(editor_.modified());
 }
 
+TEST_F(Typing, ParagraphsStayApartAndBringNoLookAlong) {
+    const QString page =
+        u"<head><style>h1 { color: #123456; font: 40px Georgia } .lead { color: #654321; font-size: 20px "
+        u"}</style></head>"
+        "<body><div><img src=a.png>\n<h1>Head</h1>\n<p class=lead>Words <font color=red>red</font></p></div></body>"_s;
+    load(page);
+    // Three clicks select over the edge of the paragraph.
+    evaluate(
+        u"getSelection().setBaseAndExtent(document.querySelector('h1').firstChild, 0, document.querySelector('p'), 0)"_s);
+    type(u"New"_s);
+    EXPECT_TRUE(body().contains(u"<H1>New</H1>\n<P class=lead>Words <FONT color=red>red</FONT></P>"_s))
+        << qPrintable(body());
+
+    load(page);
+    evaluate(
+        u"getSelection().setBaseAndExtent(document.querySelector('div'), 1, document.querySelector('h1').firstChild, 4)"_s);
+    type(u"New"_s);
+    EXPECT_TRUE(body().contains(u"<H1>New</H1>"_s)) << qPrintable(body());
+
+    load(page);
+    evaluate(u"getSelection().collapse(document.querySelector('p').firstChild, 0)"_s);
+    const QString before = editor_.text();
+    key(Qt::Key_Backspace);
+    EXPECT_TRUE(body().contains(u"<H1>HeadWords <FONT color=red>red</FONT></H1>"_s)) << qPrintable(body());
+    type(u"-"_s);
+    EXPECT_TRUE(body().contains(u"<H1>Head-Words <FONT"_s)) << qPrintable(body());
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_EQ(editor_.text(), before);
+
+    load(u"<body><p>one <b>two</b></p><ul><li>three</li><li>four</li></ul><p>five</p></body>"_s);
+    evaluate(
+        u"getSelection().setBaseAndExtent(document.querySelector('b').firstChild, 1, document.querySelectorAll('li')[1].firstChild, 2)"_s);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(body(), u"\n<P>one <B>t</B>ur</P>\n<P>five</P>"_s);
+    evaluate(u"getSelection().collapse(document.querySelectorAll('p')[0], 3)"_s);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(body(), u"\n<P>one <B>t</B>urfive</P>"_s);
+}
+
 TEST_F(Typing, WhatTheConversionDeletesIsWrittenAsReferences) {
     load(u"<body><p>x</p></body>"_s);
     select_text(u"x"_s);
