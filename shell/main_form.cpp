@@ -216,7 +216,11 @@ void MainForm::show_website() {
 }
 
 void MainForm::show_tree() {
-    tree_->show_website(workbench_.website(), {});
+    QList<TreePage> pages;
+    for (const QString& page : list_pages(workbench_.website_folder())) {
+        pages.append({page, display_name(page), page_kind(page)});
+    }
+    tree_->show_website(workbench_.website(), pages);
 }
 
 void MainForm::show_page() {

@@ -36,6 +36,7 @@ class BrowsedPage : public QWebEnginePage {
 }  // namespace
 
 WebBrowser::WebBrowser(QWidget* parent) : QWebEngineView(parent) {
+    setObjectName("WebBrowser1"_L1);
     setPage(new BrowsedPage(folder_, *this));
     connect(this, &QWebEngineView::urlChanged, this, [this] {
         const QString file = shown_file();

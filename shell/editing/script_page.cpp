@@ -1,5 +1,6 @@
 #include "shell/editing/script_page.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -70,6 +71,7 @@ bool ScriptPage::start(const QUrl& folder) {
     QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
     starting_ = true;
     setHtml(u"<html><head></head><body></body></html>"_s, folder);
+    QAbstractEventDispatcher::instance()->wakeUp();
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     starting_ = false;
     if (!loaded) return false;
@@ -96,6 +98,9 @@ QJsonValue ScriptPage::wait_for(const QString& code) {
         *answer = json;
         if (waiting) waiting->quit();
     });
+    // A question asked from a posted event: those that wait behind it, the engine's among them, are delivered only when
+    // the dispatcher is woken.
+    QAbstractEventDispatcher::instance()->wakeUp();
     if (!*answer) loop.exec(QEventLoop::ExcludeUserInputEvents);
     return *answer ? from_json(**answer) : QJsonValue();
 }

@@ -77,22 +77,16 @@ class BrowseTest : public WindowFixture {
     void edit() { find<QPushButton>(u"lblEdit"_s).click(); }
 
     void wait_for(const QString& file) {
-        ASSERT_TRUE(QTest::qWaitFor([&] { return browser_->shown_file() == file && complete(); }, 10000))
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser_->shown_file() == file && shows(file); }, 10000))
             << file.toStdString();
     }
 
-    QVariant evaluate(const QString& script) {
-        QVariant result;
-        bool done = false;
-        browser_->page()->runJavaScript(script, [&](const QVariant& value) {
-            result = value;
-            done = true;
-        });
-        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }));
-        return result;
-    }
+    QVariant evaluate(const QString& script) { return WindowFixture::evaluate(*browser_->page(), script); }
 
-    bool complete() { return evaluate(u"document.readyState"_s) == u"complete"_s; }
+    bool shows(const QString& file) {
+        const QString complete = u"document.readyState == 'complete' && decodeURI(location.pathname).endsWith('/%1')"_s;
+        return evaluate(complete.arg(file)).toBool();
+    }
     void follow(const QString& link) { evaluate(u"document.getElementById('%1').click()"_s.arg(link)); }
     QString page() { return window_->workbench().page(); }
 

@@ -4,6 +4,9 @@
 #include <QScreen>
 #include <QTest>
 #include <QTreeWidgetItemIterator>
+#include <QWebEnginePage>
+
+#include <optional>
 
 #include "base/text_file.h"
 #include "shell/look.h"
@@ -69,6 +72,14 @@ void WindowFixture::click_in_tree(const QString& page) {
 
 void WindowFixture::change_page(const QString& text) {
     window_->workbench().editor().paste_at_end(u"<P>%1</P>"_s.arg(text));
+}
+
+QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script) {
+    // Shared with the engine, which may answer after the wait was given up.
+    const auto answer = std::make_shared<std::optional<QVariant>>();
+    page.runJavaScript(script, [answer](const QVariant& value) { *answer = value; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answer->has_value(); })) << script.toStdString();
+    return answer->value_or(QVariant());
 }
 
 void WindowFixture::photograph(const QString& name) {

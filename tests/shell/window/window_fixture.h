@@ -10,6 +10,8 @@
 #include "shell/main_form.h"
 #include "tests/support/scripted_prompts.h"
 
+class QWebEnginePage;
+
 namespace pondera {
 
 /// The real main window over real folders with two Websites: "Shop", with a home page, a page "Trips" and a popup
@@ -40,6 +42,9 @@ class WindowFixture : public testing::Test {
 
     /// Makes an unsaved change.
     void change_page(const QString& text = QStringLiteral("changed"));
+
+    /// The value of a script expression in a page shown.
+    static QVariant evaluate(QWebEnginePage& page, const QString& script);
 
     /// Saves a picture of the whole screen when the environment variable PONDERA_PICTURES names a folder.
     void photograph(const QString& name);
