@@ -160,7 +160,7 @@ TEST_F(StartTest, TheHelpViewerShowsPagesOfTheHelpFolderOnly) {
     auto* view = help.findChild<QWebEngineView*>(u"help_view"_s);
     const auto shows = [&](const QString& text) {
         return QTest::qWaitFor(
-            [&] { return evaluate(*view->page(), u"document.body.innerText"_s).toString().contains(text); });
+            [&] { return evaluate(*view->page(), u"document.body?.innerText"_s).toString().contains(text); });
     };
     help.open({u"/_HELP/_6_Ins Image.htm"_s, u"Help - Select Image"_s, {}});
     EXPECT_EQ(help.windowTitle(), u"Help - Select Image");

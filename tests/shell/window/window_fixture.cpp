@@ -1,8 +1,11 @@
 #include "tests/shell/window/window_fixture.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QPointer>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <QWebEnginePage>
 
@@ -75,10 +78,17 @@ void WindowFixture::change_page(const QString& text) {
 }
 
 QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script) {
-    // Shared with the engine, which may answer after the wait was given up.
+    QEventLoop loop;
+    // The engine may answer after the wait was given up.
+    const QPointer<QEventLoop> waiting(&loop);
     const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, [answer](const QVariant& value) { *answer = value; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return answer->has_value(); })) << script.toStdString();
+    page.runJavaScript(script, [answer, waiting](const QVariant& value) {
+        *answer = value;
+        if (waiting) waiting->quit();
+    });
+    QTimer::singleShot(5000, &loop, &QEventLoop::quit);
+    if (!*answer) loop.exec();
+    EXPECT_TRUE(answer->has_value()) << script.toStdString();
     return answer->value_or(QVariant());
 }
 
