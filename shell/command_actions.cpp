@@ -5,6 +5,8 @@
 
 #include <set>
 
+#include "elements/level_commands.h"
+
 namespace pondera {
 
 using namespace Qt::StringLiterals;
@@ -84,7 +86,7 @@ void CommandActions::refresh_action(QAction& action, const Command& command, con
     const bool latched = enabled && situation.editor.status(*command.editor_command) == CommandStatus::kLatched;
     if (action.isCheckable()) action.setChecked(latched);
     if (command.editor_command == EditCommand::kLockElement) {
-        action.setText(latched ? u"Unlock Position"_s : command.caption);
+        action.setText(levels_lock_caption(situation.editor.status(EditCommand::kLockElement)));
     }
 }
 

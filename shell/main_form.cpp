@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "elements/image/insert_picture.h"
 #include "shell/browsing_rules.h"
 #include "shell/command_table.h"
 #include "shell/editing/dhtml_edit.h"
@@ -149,6 +150,19 @@ void MainForm::follow_workbench() {
 void MainForm::follow_editor() {
     connect(editor_, &DHTMLEdit::stateChanged, this, &MainForm::refresh);
     connect(editor_, &DHTMLEdit::contextMenuRequested, this, &MainForm::show_context_menu);
+    connect(
+        editor_, &DHTMLEdit::filesDropped, this,
+        [this](const QStringList& paths) {
+            for (const QString& path : paths) insert_picture(workbench_, path);
+        },
+        Qt::QueuedConnection);
+    connect(
+        editor_, &DHTMLEdit::restoredAfterCrash, this,
+        [this] {
+            workbench_.prompts().tell(
+                u"The page had to be restored. Please check whether your last changes are still there, and save it."_s);
+        },
+        Qt::QueuedConnection);
 }
 
 void MainForm::follow_browser() {

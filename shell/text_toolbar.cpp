@@ -40,6 +40,7 @@ TextToolbar::TextToolbar(std::function<void(EditCommand, const QString&)> execut
 void TextToolbar::refresh(const Situation& situation) {
     fonts_->setEnabled(situation.editing && situation.editor.can(EditCommand::kFontName));
     sizes_->setEnabled(situation.editing && situation.editor.can(EditCommand::kFontSize));
+    fonts_->setPlaceholderText(situation.editor.font());
     fonts_->setCurrentIndex(fonts_->findText(situation.editor.font(), Qt::MatchFixedString));
     const QString size = situation.editor.size().left(1);
     sizes_->setCurrentIndex(size.isEmpty() ? -1 : sizes_->findText(size, Qt::MatchStartsWith));
