@@ -157,6 +157,9 @@ void MainForm::follow_editor() {
         },
         Qt::QueuedConnection);
     connect(
+        editor_, &DHTMLEdit::picturePasted, this,
+        [this](const QImage& picture) { insert_pasted_picture(workbench_, picture); }, Qt::QueuedConnection);
+    connect(
         editor_, &DHTMLEdit::restoredAfterCrash, this,
         [this] {
             workbench_.prompts().tell(

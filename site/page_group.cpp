@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFirstPageNumber = 1;
-
 /// The pages that follow `current`, those first whose new names must be free first.
 QList<GroupPlace> following_pages(const QString& website_folder, const GroupPlace& current, Renumbering renumbering) {
     QList<GroupPlace> following;
@@ -55,7 +53,7 @@ std::optional<GroupPlace> group_place(const QString& published) {
 
 QString following_page_name(const QString& published) {
     if (const auto place = group_place(published)) return name_of(*place, place->number + 1);
-    return strip_estensione(published) + u"_page%1_.htm"_s.arg(kFirstPageNumber + 1);
+    return strip_estensione(published) + u"_page1_.htm"_s;
 }
 
 QString first_page_of_group(const QString& published) {

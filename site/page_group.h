@@ -9,8 +9,7 @@
 namespace pondera {
 
 /// A page's place in a group of pages that visitors leaf through: the first page is "_4_Tour.htm", those that follow it
-/// are
-/// "_4_Tour_page2_.htm", "_4_Tour_page3_.htm" and so on. Only the number in the name tells the order.
+/// are "_4_Tour_page1_.htm", "_4_Tour_page2_.htm" and so on. Only the number in the name tells the order.
 struct GroupPlace {
     QString before;  ///< the name up to the number: "_4_Tour_page"
     int number = 0;
@@ -21,7 +20,7 @@ struct GroupPlace {
 /// any other page.
 [[nodiscard]] std::optional<GroupPlace> group_place(const QString& published);
 
-/// The name of the page that follows a page directly: the first page of a group counts as number 1.
+/// The name of the page that follows a page directly; the page after a group's first page has the number 1.
 [[nodiscard]] QString following_page_name(const QString& published);
 
 /// The published name of the first page of a page's group; the page itself when it follows none.

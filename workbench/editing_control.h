@@ -107,6 +107,10 @@ class EditingControl {
     /// again.
     [[nodiscard]] virtual bool modified() = 0;
 
+    /// Counts the document as modified until it is saved again, whatever undo does: what was made from it is not in
+    /// order.
+    virtual void mark_modified() = 0;
+
     /// The whole document in the control's own spelling.
     [[nodiscard]] virtual QString text() = 0;
 

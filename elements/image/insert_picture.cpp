@@ -1,6 +1,8 @@
 #include "elements/image/insert_picture.h"
 
 #include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
 
 #include "elements/image/picture_file.h"
 #include "elements/image/picture_probe.h"
@@ -72,6 +74,15 @@ void insert_picture(Workbench& workbench, const QString& path, PictureRole role)
                         .name_source = is_logo ? u"marchio"_s : QFileInfo(*relative_path).fileName(),
                         .size = *size}));
     if (is_popup_page(workbench.page())) settle_popup_size(workbench.popup_size());
+}
+
+void insert_pasted_picture(Workbench& workbench, const QImage& picture) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"picture.png"_s);
+    if (!folder.isValid() || !picture.save(path)) {
+        return workbench.prompts().tell(u"The pasted picture could not be stored."_s, MessageIcon::kCritical);
+    }
+    insert_picture(workbench, path);
 }
 
 }  // namespace pondera

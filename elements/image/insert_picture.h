@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QImage;
+
 namespace pondera {
 
 class Workbench;
@@ -12,5 +14,8 @@ enum class PictureRole { kImage, kLogo };
 /// is copied into the Website, one wider than the page is offered at a width that fits. What is no picture is refused
 /// with a message. Also what a file dropped on the page becomes.
 void insert_picture(Workbench& workbench, const QString& path, PictureRole role = PictureRole::kImage);
+
+/// Puts a picture that is no file (pasted from another program) on the page, as a PNG named "picture".
+void insert_pasted_picture(Workbench& workbench, const QImage& picture);
 
 }  // namespace pondera

@@ -184,6 +184,11 @@ bool DHTMLEdit::modified() {
     return !path_.isEmpty() && page_->call(u"history.modified"_s).toBool();
 }
 
+void DHTMLEdit::mark_modified() {
+    page_->call(u"history.markModified"_s);
+    emit stateChanged();
+}
+
 QString DHTMLEdit::text() {
     if (path_.isEmpty()) return {};
     const QJsonValue text = page_->call(u"documentText.text"_s);

@@ -32,6 +32,7 @@ class DHTMLEdit : public QWidget, public EditingControl {
     [[nodiscard]] QString document_path() const override { return path_; }
     [[nodiscard]] bool changed_on_disk() const override;
     [[nodiscard]] bool modified() override;
+    void mark_modified() override;
     [[nodiscard]] QString text() override;
     void replace_text(const QString& html) override;
     void paste_at_end(const QString& markup) override;

@@ -95,7 +95,10 @@ bool OpenPage::write_published_page() {
                      .expansions = page_expansions(),
                      .progress = [&run](int done, int total) { run.advance(done * kConversionSteps / total); }});
     const auto written = write_text_file(path_in(folder_, page_), published.text, copy->encoding);
-    if (!written) show_save_fault(written.error());
+    if (!written) {
+        show_save_fault(written.error());
+        editor_.mark_modified();
+    }
     for (const QString& report : published.reports) prompts_.tell(report);
     return written.has_value();
 }

@@ -21,7 +21,7 @@ std::map<QString, QByteArray> contents_of(const QDir& folder) {
 }
 
 TEST(PageGroup, NamesTellThePlace) {
-    EXPECT_EQ(following_page_name(u"_4_Tour.htm"_s), u"_4_Tour_page2_.htm"_s);
+    EXPECT_EQ(following_page_name(u"_4_Tour.htm"_s), u"_4_Tour_page1_.htm"_s);
     EXPECT_EQ(following_page_name(u"_4_Tour_page9_.htm"_s), u"_4_Tour_page10_.htm"_s);
     EXPECT_EQ(first_page_of_group(u"_4_My_Park_page12_.htm"_s), u"_4_My_Park.htm"_s);
     EXPECT_EQ(group_place(u"_4_TOUR_PAGE3_.HTM"_s).value().number, 3);

@@ -205,6 +205,7 @@ pondera.history = (() => {
         canUndo() { collect(); return position > 0 || hasOpenChange(); },
         canRedo: () => position < steps.length && !hasOpenChange(),
         markSaved() { commit(); saved = current(); },
+        markModified() { saved = {}; },
         modified() { collect(); return hasOpenChange() || current() !== saved; },
         label: () => (open || current() || {}).label || ""
     };

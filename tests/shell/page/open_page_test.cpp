@@ -223,6 +223,10 @@ TEST_F(OpenPageTest, APublishedPageThatCannotBeWrittenIsTold) {
     ASSERT_TRUE(QDir().mkdir(path(u"_4_A.htm"_s))) << "a folder stands where the published page is to be written";
     prompts_.expect_message(u"Error occurred in the saving of the page: "_s);
     EXPECT_FALSE(page_.Salvataggio_Doc_Cor());
+    EXPECT_TRUE(editor_.modified()) << "there is still something to save";
+    ASSERT_TRUE(QDir().rmdir(path(u"_4_A.htm"_s)));
+    EXPECT_TRUE(page_.Salvataggio_Doc_Cor());
+    EXPECT_FALSE(editor_.modified());
 }
 
 }  // namespace
