@@ -68,20 +68,20 @@ class Tour : public testing::Test {
         return result.value_or(QVariant());
     }
 
-    /// The middle of an element, in the page's window; the element is brought into view first.
-    QPoint middle_of(const QString& selector) {
-        const QVariantList place = in_page(
-                                       uR"((() => {
+    /// An element's box in the page's window; the element is brought into view first.
+    QRect box_of(const QString& selector) {
+        const QVariantList box = in_page(
+                                     uR"((() => {
             const e = document.querySelector("%1");
-            e.scrollIntoView({ block: "nearest" });
+            e.scrollIntoView({ block: "nearest", inline: "nearest" });
             const r = e.getBoundingClientRect();
-            return [r.left + r.width / 2, r.top + r.height / 2]; })())"_s.arg(selector))
-                                       .toList();
-        if (place.size() != 2) {
+            return [r.left, r.top, r.width, r.height]; })())"_s.arg(selector))
+                                     .toList();
+        if (box.size() != 4) {
             ADD_FAILURE() << "not on the page: " << qPrintable(selector);
             return {};
         }
-        return QPointF(place[0].toDouble(), place[1].toDouble()).toPoint();
+        return QRectF(box[0].toDouble(), box[1].toDouble(), box[2].toDouble(), box[3].toDouble()).toRect();
     }
 
     void type(const QString& text) {
@@ -91,7 +91,7 @@ class Tour : public testing::Test {
 
     /// Selects a paragraph or heading by three clicks, as quick as a person's (QTest spaces its clicks).
     void select_paragraph(const QString& selector) {
-        const QPoint place = middle_of(selector);
+        const QPoint place = box_of(selector).center();
         for (int click = 0; click < 3; ++click) {
             for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
                 const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
@@ -202,15 +202,26 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     const QString picture = u"img[name='%1']"_s.arg(inserted.element->name);
     photograph(*window_, u"image-inserted"_s);
 
-    const QPoint from = middle_of(picture);
+    prompts_.expect_form(u"Frm_Ridim_Imm"_s, [this](const FormHand& form) {
+        form.type(u"txtLarghezza"_s, u"320"_s);
+        form.type(u"txtAltezza"_s, u"200"_s);
+        photograph(form.form(), u"image-size"_s);
+        form.click(u"OKButton"_s);
+    });
+    trigger(u"mnu_dim_imm"_s);
+    ASSERT_EQ(editor_->selection().element->box.size(), QSize(320, 200));
+
+    // To a place where it snaps: the right edge and the top of the large picture of the page.
+    const QRect large = box_of(u"img.wide"_s), small = box_of(picture);
+    const QPoint from = small.center();
+    const QPoint to = from + QPoint(large.right() - small.right() + 3, large.top() - small.top() + 4);
     QTest::mousePress(&page(), Qt::LeftButton, {}, from);
-    for (const QPoint& step : {QPoint(40, 30), QPoint(180, 110), QPoint(260, 168)}) move_mouse(from + step);
+    for (int step = 1; step <= 5; ++step) move_mouse(from + (to - from) * step / 5);
     photograph(*window_, u"image-dragged-with-guides"_s);
-    QTest::mouseRelease(&page(), Qt::LeftButton, {}, from + QPoint(260, 168));
+    QTest::mouseRelease(&page(), Qt::LeftButton, {}, to);
     QTest::qWait(100);
+    EXPECT_EQ(box_of(picture).topRight(), large.topRight());
     const QRect placed = editor_->selection().element->box;
-    EXPECT_NEAR(placed.left(), 270, 8);
-    EXPECT_NEAR(placed.top(), 178, 8);
 
     EXPECT_TRUE(editor_->modified());
     trigger(u"salva"_s);

@@ -160,7 +160,11 @@
     });
 
     document.addEventListener("selectionchange", () => {
-        if (selection.control() && getSelection().rangeCount && !getSelection().isCollapsed) selection.select(null);
+        // The browser puts a caret into a page that gets the focus; beside a selected element it has no meaning.
+        if (selection.control() && getSelection().rangeCount) {
+            if (getSelection().isCollapsed) getSelection().removeAllRanges();
+            else selection.select(null);
+        }
         history.selectionMoved();
         tell();
     });
