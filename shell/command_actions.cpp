@@ -48,7 +48,7 @@ QString plain_caption(QString caption) {
     return caption.remove(u'&');
 }
 
-CommandActions::CommandActions(QList<Command> commands, std::function<void(const Command&)> run, QObject* parent)
+CommandActions::CommandActions(QList<Command> commands, const std::function<void(const Command&)>& run, QObject* parent)
     : QObject(parent), commands_(std::move(commands)) {
     for (const Command& command : commands_) {
         if (command.caption.isEmpty()) continue;

@@ -25,7 +25,7 @@ class CommandActions : public QObject {
 
   public:
     /// `run` is called for every command that is chosen.
-    CommandActions(QList<Command> commands, std::function<void(const Command&)> run, QObject* parent);
+    CommandActions(QList<Command> commands, const std::function<void(const Command&)>& run, QObject* parent);
 
     [[nodiscard]] const QList<Command>& commands() const { return commands_; }
     [[nodiscard]] QAction* action(const QString& name) const;  ///< null when the table has no such command

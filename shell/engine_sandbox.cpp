@@ -1,6 +1,6 @@
 #include "shell/engine_sandbox.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <cstdio>
 #ifdef Q_OS_UNIX

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
 
 #include "shell/command_actions.h"
 
@@ -35,12 +37,21 @@ QPalette palette() {
     return colours;
 }
 
+/// Pages that name no font are shown in those of visitors' browsers, so that their text is as wide here as there.
+void set_page_fonts() {
+    QWebEngineSettings* settings = QWebEngineProfile::defaultProfile()->settings();
+    settings->setFontFamily(QWebEngineSettings::StandardFont, u"Times New Roman"_s);
+    settings->setFontFamily(QWebEngineSettings::SerifFont, u"Times New Roman"_s);
+    settings->setFontFamily(QWebEngineSettings::SansSerifFont, u"Arial"_s);
+}
+
 }  // namespace
 
 void set_look(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setPalette(palette());
     QApplication::setWindowIcon(icon_named(u"app"_s));
+    set_page_fonts();
     QFile sheet(u":/look/pondera.qss"_s);
     if (sheet.open(QIODevice::ReadOnly)) application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
 }

@@ -57,7 +57,11 @@ MainForm::MainForm(const Roots& roots, Prompts& prompts, QSettings& settings)
     refresh();
 }
 
-MainForm::~MainForm() = default;
+MainForm::~MainForm() {
+    // The controls are deleted after the workbench that their signals would reach.
+    editor_->disconnect(this);
+    browser_->disconnect(this);
+}
 
 void MainForm::build_toolbars() {
     text_toolbar_ = new TextToolbar(
@@ -125,6 +129,9 @@ void MainForm::build_tree() {
     tree_dock_ = new QDockWidget(u"Pages"_s, this);
     tree_dock_->setObjectName("tree_dock"_L1);
     tree_dock_->setFeatures(QDockWidget::DockWidgetClosable);
+    auto* title = new QLabel(u"Pages"_s);
+    title->setObjectName("tree_title"_L1);
+    tree_dock_->setTitleBarWidget(title);
     tree_dock_->setWidget(tree_);
     addDockWidget(Qt::LeftDockWidgetArea, tree_dock_);
     resizeDocks({tree_dock_}, {230}, Qt::Horizontal);

@@ -8,20 +8,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QMessageBox::Icon box_icon(MessageIcon icon) {
+constexpr QSize kSignSize{40, 40};
+
+QIcon message_sign(MessageIcon icon) {
     switch (icon) {
         case MessageIcon::kNone:
-            return QMessageBox::NoIcon;
+            return {};
         case MessageIcon::kInformation:
-            return QMessageBox::Information;
+            return QIcon(u":/look/information.svg"_s);
         case MessageIcon::kQuestion:
-            return QMessageBox::Question;
+            return QIcon(u":/look/question.svg"_s);
         case MessageIcon::kExclamation:
-            return QMessageBox::Warning;
+            return QIcon(u":/look/exclamation.svg"_s);
         case MessageIcon::kCritical:
-            return QMessageBox::Critical;
+            return QIcon(u":/look/critical.svg"_s);
     }
-    return QMessageBox::NoIcon;
+    return {};
 }
 
 QPushButton* add_button(QMessageBox& box, Answer answer) {
@@ -65,7 +67,8 @@ Answer QtPrompts::message(const Message& message) {
     box.setWindowTitle(message.title.isEmpty() ? u"Pondera"_s : message.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(message.text);
-    box.setIcon(box_icon(message.icon));
+    box.setIconPixmap(message_sign(message.icon).pixmap(kSignSize, box.devicePixelRatioF()));
+    box.layout()->setContentsMargins(20, 20, 20, 16);
 
     QHash<QAbstractButton*, Answer> answers;
     for (const Answer answer : message.answers) answers.insert(add_button(box, answer), answer);

@@ -31,8 +31,9 @@ ShellWorkbench::ShellWorkbench(const Roots& roots, EditingControl& editor, Promp
 
 void ShellWorkbench::run(const Command& command) {
     if (!command.help.page.isEmpty()) {
+        const bool other_page = command.help.page != last_help_.page;
         last_help_ = command.help;
-        if (automatic_help(settings_)) help_.show(command.help);
+        if (other_page && automatic_help(settings_)) help_.show(command.help);
     }
     ++running_;
     const auto ended = qScopeGuard([this] {

@@ -23,7 +23,7 @@ QComboBox* list(const QString& name, const QStringList& entries, const QString& 
 
 }  // namespace
 
-TextToolbar::TextToolbar(std::function<void(EditCommand, const QString&)> execute, QWidget* parent)
+TextToolbar::TextToolbar(const std::function<void(EditCommand, const QString&)>& execute, QWidget* parent)
     : QToolBar(parent),
       fonts_(list(u"font_list"_s, font_names(), u"Font"_s)),
       sizes_(list(u"size_list"_s, font_sizes(), u"Font Size"_s)) {

@@ -19,7 +19,7 @@ class TextToolbar : public QToolBar {
 
   public:
     /// `execute` hands a font name (kFontName) or a size from 1 to 7 (kFontSize) to the editing control.
-    TextToolbar(std::function<void(EditCommand, const QString&)> execute, QWidget* parent);
+    TextToolbar(const std::function<void(EditCommand, const QString&)>& execute, QWidget* parent);
 
     void refresh(const Situation& situation);
 

@@ -173,6 +173,36 @@ TEST_F(StartTest, TheHelpViewerShowsPagesOfTheHelpFolderOnly) {
     EXPECT_FALSE(help.isVisible());
 }
 
+TEST_F(StartTest, HelpOpensThePageOfTheLastCommandInTheViewer) {
+    const QString viewer = home_.filePath(u"viewer"_s);
+    QFile script(viewer);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.arguments\"\n");
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    script.close();
+    ASSERT_TRUE(place_help_viewer(viewer, roots_));
+    const QString written = QDir(roots_.tools_folder()).filePath(u"Help.exe.arguments"_s);
+    const auto opened = [&](const QString& page) {
+        return QTest::qWaitFor([&] {
+            QFile file(written);
+            return file.open(QIODevice::ReadOnly) && QString::fromUtf8(file.readAll()).startsWith(page);
+        });
+    };
+    choose(u"mnu_help"_s);
+    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Window.htm|+/CAPTION:Help - Window|"_s));
+    ASSERT_TRUE(window_->workbench().open_website(u"Shop"_s));
+    choose(u"mnu_salva"_s);
+    choose(u"mnu_help"_s);
+    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Save.htm|"_s));
+
+    settings_->setValue("Automatic Help"_L1, u"1"_s);
+    choose(u"mnu_select_all"_s);
+    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Edit.htm|"_s));
+    QFile::remove(QDir(roots_.tools_folder()).filePath(u"Help.exe"_s));
+    prompts_.expect_message(u"The help viewer cannot be started"_s);
+    choose(u"mnu_help"_s);
+}
+
 TEST_F(StartTest, TheHelpViewerIsPlacedInTheToolsFolderAndReplacesAnOldOne) {
     const auto program = [&](const QString& name) {
         QFile file(home_.filePath(name));
