@@ -7,6 +7,7 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
@@ -20,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTellStateAfter = 30;   // milliseconds in which changes are told once
-constexpr int kKeepTextAfter = 3000;  // milliseconds of rest after a change until the text is kept
+constexpr int kKeepTextAfter = 3000;  // milliseconds after a change until the text is kept
 
 // Pages give up their places on windows as narrow as a phone; nobody edits that arrangement.
 constexpr int kNarrowest = 640;
@@ -96,18 +97,20 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
     connect(view_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& place) { emit contextMenuRequested(view_->mapToGlobal(place)); });
     // Queued: a question to the script must not be asked from within the engine's own call.
+    const auto tell = [this] {
+        if (!tell_state_.isActive()) tell_state_.start(kTellStateAfter);
+    };
+    connect(page_, &ScriptPage::stateTold, this, tell, Qt::QueuedConnection);
     connect(
-        page_, &ScriptPage::stateTold, this,
-        [this] {
-            keep_text_.start(kKeepTextAfter);
-            if (!tell_state_.isActive()) tell_state_.start(kTellStateAfter);
+        page_, &ScriptPage::changeTold, this,
+        [this, tell] {
+            if (!keep_text_.isActive()) keep_text_.start(kKeepTextAfter);
+            tell();
         },
         Qt::QueuedConnection);
     connect(page_, &ScriptPage::pasteAsked, this, &DHTMLEdit::paste, Qt::QueuedConnection);
-    connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this](auto status) {
-        if (status != QWebEnginePage::NormalTerminationStatus)
-            QMetaObject::invokeMethod(this, &DHTMLEdit::restore_after_crash, Qt::QueuedConnection);
-    });
+    connect(
+        page_, &QWebEnginePage::renderProcessTerminated, this, [this] { (void)revive(); }, Qt::QueuedConnection);
     tell_state_.setSingleShot(true);
     connect(&tell_state_, &QTimer::timeout, this, &DHTMLEdit::stateChanged);
     keep_text_.setSingleShot(true);
@@ -125,12 +128,17 @@ DHTMLEdit::~DHTMLEdit() = default;
 FileResult<void> DHTMLEdit::load_document(const QString& path) {
     const auto bytes = read_page(path);
     if (!bytes) return std::unexpected(bytes.error());
-    folder_ = QFileInfo(path).absolutePath();
-    if (!page_->start(QUrl::fromLocalFile(folder_ + u'/'))) {
+    const QString folder = QFileInfo(path).absolutePath();
+    const QString before = text();
+    if (!page_->start(QUrl::fromLocalFile(folder + u'/')) || !show_text(decode_text(*bytes).text)) {
+        known_text_ = before;
+        page_->forget();
+        (void)revive();
         return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
     }
+    folder_ = folder;
     path_ = path;
-    show_text(remember_file(*bytes));
+    remember_file(*bytes);
     emit stateChanged();
     return {};
 }
@@ -138,18 +146,20 @@ FileResult<void> DHTMLEdit::load_document(const QString& path) {
 FileResult<void> DHTMLEdit::reload_document() {
     const auto bytes = read_page(path_);
     if (!bytes) return std::unexpected(bytes.error());
-    replace_text(remember_file(*bytes));
-    page_->call(u"history.markSaved"_s);
+    if (!ask(u"documentText.replace"_s, {decode_text(*bytes).text}).toBool()) {
+        return std::unexpected(FileError{FaultNumber::kUnexpected, path_, {}});
+    }
+    remember_file(*bytes);
+    ask(u"history.markSaved"_s);
     emit stateChanged();
     return {};
 }
 
-QString DHTMLEdit::remember_file(const QByteArray& bytes) {
+void DHTMLEdit::remember_file(const QByteArray& bytes) {
     const TextFile file = decode_text(bytes);
     encoding_ = file.encoding;
     line_end_ = line_end_of(file.text);
     digest_ = digest_of(bytes);
-    return file.text;
 }
 
 FileResult<void> DHTMLEdit::save_document(const QString& path) {
@@ -160,7 +170,7 @@ FileResult<void> DHTMLEdit::save_document(const QString& path) {
     if (!written) return std::unexpected(control_error(written.error()));
     path_ = path;
     digest_ = digest_of(bytes);
-    page_->call(u"history.markSaved"_s);
+    ask(u"history.markSaved"_s);
     emit stateChanged();
     return {};
 }
@@ -171,9 +181,9 @@ bool DHTMLEdit::changed_on_disk() const {
     return !bytes || digest_of(*bytes) != digest_;
 }
 
-void DHTMLEdit::show_text(const QString& text) {
-    page_->call(u"documentText.load"_s, {text});
+bool DHTMLEdit::show_text(const QString& text) {
     known_text_ = text;
+    return page_->call(u"documentText.load"_s, {text}).toBool();
 }
 
 QString DHTMLEdit::with_line_ends(const QString& text) const {
@@ -181,30 +191,32 @@ QString DHTMLEdit::with_line_ends(const QString& text) const {
 }
 
 bool DHTMLEdit::modified() {
-    return !path_.isEmpty() && page_->call(u"history.modified"_s).toBool();
+    if (path_.isEmpty()) return false;
+    // Without an answer it is safer to ask the person.
+    return ask(u"history.modified"_s).toBool(true);
 }
 
 void DHTMLEdit::mark_modified() {
-    page_->call(u"history.markModified"_s);
+    ask(u"history.markModified"_s);
     emit stateChanged();
 }
 
 QString DHTMLEdit::text() {
     if (path_.isEmpty()) return {};
-    const QJsonValue text = page_->call(u"documentText.text"_s);
+    const QJsonValue text = ask(u"documentText.text"_s);
     return with_line_ends(text.toString());
 }
 
 void DHTMLEdit::replace_text(const QString& html) {
-    page_->call(u"documentText.replace"_s, {html});
+    ask(u"documentText.replace"_s, {html});
 }
 
 void DHTMLEdit::paste_at_end(const QString& markup) {
-    page_->call(u"documentText.pasteAtEnd"_s, {markup});
+    ask(u"documentText.pasteAtEnd"_s, {markup});
 }
 
 Selection DHTMLEdit::selection() {
-    const QJsonObject json = page_->call(u"selection.describe"_s).toObject();
+    const QJsonObject json = ask(u"selection.describe"_s).toObject();
     Selection selection;
     selection.link_href = json[u"link"_s].toString();
     const QString type = json[u"type"_s].toString();
@@ -221,24 +233,24 @@ Selection DHTMLEdit::selection() {
 }
 
 bool DHTMLEdit::replace_selection(const QString& markup) {
-    return page_->call(u"documentText.replaceSelection"_s, {markup}).toBool();
+    return ask(u"documentText.replaceSelection"_s, {markup}).toBool();
 }
 
 bool DHTMLEdit::replace_selected_element(const QString& markup) {
-    return page_->call(u"documentText.replaceElement"_s, {markup}).toBool();
+    return ask(u"documentText.replaceElement"_s, {markup}).toBool();
 }
 
 bool DHTMLEdit::replace_selection_parent(const QString& markup) {
-    return page_->call(u"documentText.replaceParent"_s, {markup}).toBool();
+    return ask(u"documentText.replaceParent"_s, {markup}).toBool();
 }
 
 bool DHTMLEdit::select_element(const QString& name) {
-    return page_->call(u"documentText.selectElement"_s, {name}).toBool();
+    return ask(u"documentText.selectElement"_s, {name}).toBool();
 }
 
 CommandStatus DHTMLEdit::status(EditCommand command) {
     if (path_.isEmpty()) return CommandStatus::kDisabled;
-    return static_cast<CommandStatus>(page_->call(u"commands.status"_s, {static_cast<int>(command)}).toInt());
+    return static_cast<CommandStatus>(ask(u"commands.status"_s, {static_cast<int>(command)}).toInt());
 }
 
 bool DHTMLEdit::execute(EditCommand command, const QVariant& value) {
@@ -252,13 +264,12 @@ bool DHTMLEdit::execute(EditCommand command, const QVariant& value) {
             paste();
             return true;
         default:
-            return page_->call(u"commands.execute"_s, {static_cast<int>(command), QJsonValue::fromVariant(value)})
-                .toBool();
+            return ask(u"commands.execute"_s, {static_cast<int>(command), QJsonValue::fromVariant(value)}).toBool();
     }
 }
 
 bool DHTMLEdit::copy() {
-    const QJsonObject copied = page_->call(u"clipboard.copied"_s).toObject();
+    const QJsonObject copied = ask(u"clipboard.copied"_s).toObject();
     if (copied.isEmpty()) return false;
     auto* data = new QMimeData;
     data->setHtml(copied[u"html"_s].toString());
@@ -276,30 +287,41 @@ void DHTMLEdit::paste() {
     } else if (data->hasImage() && !data->hasText()) {
         emit picturePasted(qvariant_cast<QImage>(data->imageData()));
     } else if (data->hasHtml() || data->hasText()) {
-        page_->call(u"clipboard.paste"_s, {data->html(), data->text()});
+        ask(u"clipboard.paste"_s, {data->html(), data->text()});
     }
 }
 
 void DHTMLEdit::paste_text() {
     const QString text = QApplication::clipboard()->text();
-    if (!path_.isEmpty() && !text.isEmpty()) page_->call(u"clipboard.pasteText"_s, {text});
+    if (!path_.isEmpty() && !text.isEmpty()) ask(u"clipboard.pasteText"_s, {text});
 }
 
 void DHTMLEdit::caret_to_start() {
-    page_->call(u"documentText.caretToStart"_s);
+    ask(u"documentText.caretToStart"_s);
 }
 
 QJsonObject DHTMLEdit::state() {
-    return path_.isEmpty() ? QJsonObject() : page_->call(u"state"_s).toObject();
+    return path_.isEmpty() ? QJsonObject() : ask(u"state"_s).toObject();
 }
 
-void DHTMLEdit::restore_after_crash() {
-    if (path_.isEmpty() || !page_->start(QUrl::fromLocalFile(folder_ + u'/'))) return;
+QJsonValue DHTMLEdit::ask(const QString& function, const QJsonArray& arguments) {
+    return revive() ? page_->call(function, arguments) : QJsonValue();
+}
+
+/// Puts the document back when the engine's process has gone. True when there is a document to ask.
+bool DHTMLEdit::revive() {
+    if (path_.isEmpty()) return false;
+    if (page_->alive()) return true;
+    if (reviving_) return false;
+    const QScopedValueRollback<bool> guard(reviving_, true);
+    if (!page_->start(QUrl::fromLocalFile(folder_ + u'/'))) return false;
     const QString kept = known_text_;
-    if (const auto file = read_text_file(path_)) show_text(file->text);
-    replace_text(kept);
+    const auto file = read_text_file(path_);
+    page_->call(u"documentText.load"_s, {file ? file->text : kept});
+    page_->call(u"documentText.replace"_s, {kept});
     emit restoredAfterCrash();
     emit stateChanged();
+    return true;
 }
 
 bool DHTMLEdit::eventFilter(QObject* watched, QEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QStringList>
 #include <QTimer>
@@ -75,11 +76,12 @@ class DHTMLEdit : public QWidget, public EditingControl {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void show_text(const QString& text);
+    QJsonValue ask(const QString& function, const QJsonArray& arguments = {});
+    bool show_text(const QString& text);
     void paste();
     bool copy();
-    QString remember_file(const QByteArray& bytes);
-    void restore_after_crash();
+    void remember_file(const QByteArray& bytes);
+    bool revive();
     [[nodiscard]] QString with_line_ends(const QString& text) const;
 
     QWebEngineView* view_;
@@ -90,6 +92,7 @@ class DHTMLEdit : public QWidget, public EditingControl {
     QString line_end_;
     QByteArray digest_;   ///< of the file's bytes as last loaded or saved
     QString known_text_;  ///< the last text known, for the case that the engine's process dies
+    bool reviving_ = false;
     QTimer tell_state_;
     QTimer keep_text_;
 };

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QPointer>
 #include <QTimer>
+#include <QUuid>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 
@@ -31,7 +32,10 @@ constexpr auto kLongestWait = 60s;
 
 QString editing_script() {
     initialise_resources();
-    QString script = u"(() => {\n"_s;
+    // Tells markup that was copied here from what other programs put on the clipboard; the same for all pages of this
+    // start.
+    static const QString key = QUuid::createUuid().toString(QUuid::Id128);
+    QString script = u"(() => {\nconst ponderaKey = \"%1\";\n"_s.arg(key);
     const QDir folder(u":/editing"_s);
     for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
         QFile file(folder.filePath(name));
@@ -58,9 +62,17 @@ ScriptPage::ScriptPage(QObject* parent) : QWebEnginePage(parent) {
     settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, true);
     settings()->setAttribute(QWebEngineSettings::PluginsEnabled, false);
     settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] { alive_ = false; });
 }
 
 bool ScriptPage::start(const QUrl& folder) {
+    // The death of an old process can end the first attempt.
+    alive_ = load_empty(folder) || load_empty(folder);
+    if (alive_) wait_for(editing_script());
+    return alive_;
+}
+
+bool ScriptPage::load_empty(const QUrl& folder) {
     QEventLoop loop;
     bool loaded = false;
     connect(this, &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
@@ -74,9 +86,7 @@ bool ScriptPage::start(const QUrl& folder) {
     QAbstractEventDispatcher::instance()->wakeUp();
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     starting_ = false;
-    if (!loaded) return false;
-    wait_for(editing_script());
-    return true;
+    return loaded;
 }
 
 QJsonValue ScriptPage::call(const QString& function, const QJsonArray& arguments) {
@@ -88,6 +98,7 @@ void ScriptPage::call_later(const QString& function, const std::function<void(co
 }
 
 QJsonValue ScriptPage::wait_for(const QString& code) {
+    if (!alive_) return {};
     QEventLoop loop;
     // The answer may come after the wait was given up, so what it fills outlives this call.
     const auto answer = std::make_shared<std::optional<QVariant>>();
@@ -109,6 +120,8 @@ void ScriptPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, c
                                           const QString& source) {
     if (message == u"pondera:state"_s) {
         emit stateTold();
+    } else if (message == u"pondera:changed"_s) {
+        emit changeTold();
     } else if (message == u"pondera:paste"_s) {
         emit pasteAsked();
     } else if (level == ErrorMessageLevel && source.isEmpty()) {

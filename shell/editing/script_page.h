@@ -22,6 +22,12 @@ class ScriptPage : public QWebEnginePage {
     /// editing script in it. False when the engine did not answer in time.
     bool start(const QUrl& folder);
 
+    /// False after the engine's process has gone, until start() has made a new one.
+    [[nodiscard]] bool alive() const { return alive_; }
+
+    /// Counts the document as gone, so that it is made anew.
+    void forget() { alive_ = false; }
+
     /// Calls a function of the editing script ("history.undo") and waits for its result, with the person's input held
     /// back meanwhile; null when the engine's process has gone.
     QJsonValue call(const QString& function, const QJsonArray& arguments = {});
@@ -30,7 +36,8 @@ class ScriptPage : public QWebEnginePage {
     void call_later(const QString& function, const std::function<void(const QJsonValue&)>& then);
 
   signals:
-    void stateTold();
+    void stateTold();   ///< selection or statuses may be others
+    void changeTold();  ///< the document was changed
     void pasteAsked();
 
   protected:
@@ -41,7 +48,10 @@ class ScriptPage : public QWebEnginePage {
   private:
     QJsonValue wait_for(const QString& code);
 
+    bool load_empty(const QUrl& folder);
+
     bool starting_ = false;
+    bool alive_ = false;
 };
 
 }  // namespace pondera

@@ -3,8 +3,9 @@
 "use strict";
 
 pondera.clipboard = (() => {
-    const kOwnText = "<!--pondera:text-->";
-    const kOwnElement = "<!--pondera:element-->";
+    // The key is new at every start of the program, so that no page of the web can pass its markup off as ours.
+    const kOwnText = "<!--pondera:text:" + ponderaKey + "-->";
+    const kOwnElement = "<!--pondera:element:" + ponderaKey + "-->";
     const kKept = new Set(("P BR H1 H2 H3 H4 H5 H6 B I U S SUB SUP UL OL LI TABLE THEAD TBODY TFOOT TR TD TH CAPTION A IMG BLOCKQUOTE PRE HR")
         .split(" "));
     const kRenamed = { STRONG: "B", EM: "I", INS: "U", STRIKE: "S", DEL: "S", DIV: "P", CENTER: "P", ARTICLE: "P", SECTION: "P", DT: "P", DD: "P" };
@@ -20,8 +21,7 @@ pondera.clipboard = (() => {
     function copied() {
         const element = pondera.selection.control();
         if (element) {
-            const link = element.closest("a");
-            return { html: kOwnElement + pondera.spelling.markup(link || element), text: element.getAttribute("alt") || element.textContent };
+            return { html: kOwnElement + pondera.spelling.markup(pondera.commands.withLink(element)), text: element.getAttribute("alt") || element.textContent };
         }
         const range = pondera.selection.textRange();
         if (!range || range.collapsed) return null;
@@ -153,6 +153,8 @@ pondera.clipboard = (() => {
 
     function textMarkup(text) {
         const holder = document.createElement("div");
+        // Blanks and tabs that a page would fold are kept to the eye.
+        text = text.replace(/\t/g, "    ").replace(/ {2,}/g, blanks => " " + "\u00a0".repeat(blanks.length - 1));
         const lines = text.replace(/\r\n?/g, "\n").replace(/\n+$/, "").split("\n");
         if (lines.length === 1) {
             holder.textContent = lines[0];
@@ -172,6 +174,12 @@ pondera.clipboard = (() => {
 
     // A copied element comes back a little beside the place that it was copied from.
     function insertElement(markup) {
+        const probe = inert.createElement("div");
+        probe.innerHTML = markup;
+        if (!/absolute|fixed/i.test(probe.innerHTML)) {
+            insert(markup);
+            return;
+        }
         pondera.documentText.appendMarkup(markup, element => {
             const left = parseFloat(pondera.spelling.styleValue(element, "LEFT")), top = parseFloat(pondera.spelling.styleValue(element, "TOP"));
             if (!pondera.selection.isPositioned(element) || isNaN(left) || isNaN(top)) return;

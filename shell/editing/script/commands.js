@@ -11,7 +11,6 @@ pondera.commands = (() => {
         5048: "underline", 5051: "insertUnorderedList"
     };
 
-    const kBlockCommands = new Set([5018, 5030, 5031, 5051]);
     const selection = pondera.selection;
     const spelling = pondera.spelling;
     const level = element => parseInt(getComputedStyle(element).zIndex, 10) || 0;
@@ -122,14 +121,18 @@ pondera.commands = (() => {
             return;
         }
         selection.select(null);
+        withLink(element).remove();
+    }
+
+    // An element with the link around it, when the link holds nothing else.
+    function withLink(element) {
         const link = element.closest("a");
-        const target = link && link.textContent.trim() === "" && link.querySelectorAll("*").length === 1 ? link : element;
-        target.remove();
+        return link && link.textContent.trim() === "" && link.querySelectorAll("*").length === 1 ? link : element;
     }
 
     function selectAll() {
         selection.select(null);
-        getSelection().selectAllChildren(document.body);
+        getSelection().selectAllChildren(selection.entered() || document.body);
     }
 
     function hasLink() {
@@ -178,8 +181,7 @@ pondera.commands = (() => {
             if (textCommands[number]) {
                 pondera.merging.trimSelection();
                 document.execCommand(textCommands[number], false, value);
-                if (kBlockCommands.has(number)) pondera.inserting.partParagraphs();
-            }
+                            }
             if (elementCommands[number]) elementCommands[number](selection.control());
             else if (number === 5004) remove();
             else if (number === 5016) setLink(value);
@@ -203,5 +205,5 @@ pondera.commands = (() => {
         return String(document.queryCommandValue(command)).replace(/["']/g, "");
     }
 
-    return { status, statuses, execute, nextLevel, remove, fontValue };
+    return { withLink, status, statuses, execute, nextLevel, remove, fontValue };
 })();

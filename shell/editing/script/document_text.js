@@ -21,12 +21,20 @@ pondera.documentText = (() => {
     }
 
     function parse(text) {
-        return new DOMParser().parseFromString(text, "text/html");
+        const parsed = new DOMParser().parseFromString(pondera.serverScript.hide(text), "text/html");
+        pondera.serverScript.intoComments(parsed);
+        // Nothing can end a PLAINTEXT: what is written behind it would become part of it.
+        for (const element of parsed.querySelectorAll("plaintext")) {
+            const pre = parsed.createElement("pre");
+            pre.append(...element.childNodes);
+            element.replaceWith(pre);
+        }
+        return parsed;
     }
 
     function syncAttributes(target, source) {
         for (const { name } of [...target.attributes]) if (!source.hasAttribute(name)) target.removeAttribute(name);
-        for (const { name, value } of source.attributes) if (target.getAttribute(name) !== value) target.setAttribute(name, value);
+        for (const { name, value } of source.attributes) if (target.getAttribute(name) !== value) spelling.setAttribute(target, name, value);
     }
 
     // Makes the children of `target` equal to those of `source`, leaving those at both ends alone that are equal already.
@@ -68,6 +76,7 @@ pondera.documentText = (() => {
         pondera.history.reset();
         caretToStart();
         scrollTo(0, 0);
+        return true;
     }
 
     function replace(text) {
@@ -80,6 +89,7 @@ pondera.documentText = (() => {
             if (element && !element.isConnected) selection.select(name ? named(name) : null);
         });
         selection.placeFrame();
+        return true;
     }
 
     function fragment(markup) {
@@ -154,12 +164,15 @@ pondera.documentText = (() => {
         return true;
     }
 
+    // The first letter of the text; what stands in boxes and fields of its own does not count.
     function firstPlace() {
-        const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
-        for (let node = walker.nextNode(); node; node = walker.nextNode()) {
-            if (node.data.trim() && !/^(SCRIPT|STYLE|TITLE)$/.test(node.parentNode.nodeName)) return [node, node.data.length - node.data.trimStart().length];
-        }
-        return [document.body, 0];
+        const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT, node => {
+            if (node.nodeType === Node.TEXT_NODE) return node.data.trim() ? NodeFilter.FILTER_ACCEPT : NodeFilter.FILTER_SKIP;
+            const closed = node.matches("script, style, title, select, textarea, button, noscript, iframe, object") || selection.isPositioned(node);
+            return closed ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_SKIP;
+        });
+        const node = walker.nextNode();
+        return node ? [node, node.data.length - node.data.trimStart().length] : [document.body, 0];
     }
 
     function caretToStart() {
@@ -185,6 +198,6 @@ pondera.documentText = (() => {
 
     return {
         load, replace, pasteAtEnd, appendMarkup, replaceElement, replaceSelection, replaceParent, caretToStart, caretToEnd, selectElement,
-        text: () => spelling.documentMarkup(prolog, epilog)
+        text: () => pondera.serverScript.show(spelling.documentMarkup(prolog, epilog))
     };
 })();

@@ -6,20 +6,20 @@
     const history = pondera.history;
 
     // The program listens to these lines and then asks for the state. (Timers do not run while page scripts are off.)
-    let told = false;
-    function tell() {
-        if (told) return;
-        told = true;
+    const told = {};
+    function tell(what) {
+        if (told[what]) return;
+        told[what] = true;
         queueMicrotask(() => {
-            told = false;
-            console.info("pondera:state");
+            told[what] = false;
+            console.info("pondera:" + what);
         });
     }
     pondera.changed = () => {
         selection.placeFrame();
-        tell();
+        tell("changed");
     };
-    pondera.moved = tell;
+    pondera.moved = () => tell("state");
 
     const on = (type, listener) => window.addEventListener(type, listener, { capture: true, passive: false });
     const outsideFrame = event => event.target !== pondera.frameHost;
@@ -51,7 +51,8 @@
     on("dragstart", event => {
         if (selection.pick(event.target)) event.preventDefault();
     });
-    on("drop", () => history.begin("drop"));
+
+    let lastText = { type: "none" };  // where the caret was before an element was selected
 
     const kArrows = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] };
 
@@ -70,9 +71,10 @@
             const [x, y] = kArrows[event.key], by = event.shiftKey ? 10 : 1;
             pondera.moving.nudge(element, x * by, y * by);
         } else if (event.key === "Escape") {
-            if (!pondera.moving.cancel()) selection.select(null);
+            if (!pondera.moving.cancel()) selection.restore(lastText);
         } else if (event.key === "Delete" || event.key === "Backspace") {
             pondera.commands.execute(5004);
+            selection.restore(lastText);
         } else if (event.key === "Tab") {
             nextElement(event.shiftKey);
         } else if (event.key === "Enter" && element.localName !== "img") {
@@ -98,9 +100,17 @@
             else selection.select(selection.entered());
             return;
         }
+        if ((event.ctrlKey || event.metaKey) && !event.altKey && !event.shiftKey && key === "a") {
+            event.preventDefault();
+            pondera.commands.execute(5035);
+            return;
+        }
         const element = selection.control();
         if (element) controlKey(event, element);
-        else if (kArrows[event.key] || ["Home", "End", "PageUp", "PageDown"].includes(event.key)) history.commit();
+        else if (event.key === "Tab" && !event.ctrlKey && !event.altKey) {
+            event.preventDefault();
+            pondera.tabbing.press(event.shiftKey);
+        } else if (kArrows[event.key] || ["Home", "End", "PageUp", "PageDown"].includes(event.key)) history.commit();
     });
 
     // Own commands carry these out, so that buttons, menus and keys do the same.
@@ -129,13 +139,23 @@
             if (pondera.merging.take(event.inputType.endsWith("Backward"))) event.preventDefault();
             return;
         }
+        if (event.inputType === "insertParagraph") {
+            history.typing("single");
+            if (pondera.merging.breakLineInBox()) {
+                event.preventDefault();
+                return;
+            }
+        }
         const text = event.inputType === "insertText" || event.inputType === "insertCompositionText";
         const space = /^\s+$/.test(event.data || "");
         history.typing(text ? "typing" : "single", text && afterSpace && !space);
         afterSpace = text && space;
         if (event.inputType.startsWith("insert")) pondera.merging.take();
     });
-    on("input", () => pondera.changed());
+    on("input", event => {
+        if (event.inputType !== "insertText" && !event.isComposing) pondera.inserting.partParagraphs();
+        pondera.changed();
+    });
 
     on("copy", event => put(event));
     on("cut", event => {
@@ -153,10 +173,29 @@
         return true;
     }
 
-    // The program reads the clipboard itself: it can also hold a picture.
+    // The program reads the clipboard itself: it can also hold a picture. The middle button pastes what is selected elsewhere.
+    let middle = false;
+    on("auxclick", event => event.preventDefault());
+    on("mousedown", event => (middle = event.button === 1));
+    on("keydown", () => (middle = false));
     on("paste", event => {
         event.preventDefault();
-        console.info("pondera:paste");
+        if (middle) pondera.clipboard.paste(event.clipboardData.getData("text/html"), event.clipboardData.getData("text/plain"));
+        else console.info("pondera:paste");
+        middle = false;
+    });
+
+    // What is dropped from elsewhere is cleaned as what is pasted; words dragged within the page move as they are.
+    let draggedHere = false;
+    on("dragstart", () => (draggedHere = true));
+    on("dragend", () => (draggedHere = false));
+    on("drop", event => {
+        history.begin("drop");
+        if (draggedHere) return;
+        event.preventDefault();
+        const place = document.caretRangeFromPoint(event.clientX, event.clientY);
+        if (place) getSelection().collapse(place.startContainer, place.startOffset);
+        pondera.clipboard.paste(event.dataTransfer.getData("text/html"), event.dataTransfer.getData("text/plain"));
     });
 
     document.addEventListener("selectionchange", () => {
@@ -165,8 +204,9 @@
             if (getSelection().isCollapsed) getSelection().removeAllRanges();
             else selection.select(null);
         }
+        if (!selection.control() && getSelection().rangeCount) lastText = selection.keep();
         history.selectionMoved();
-        tell();
+        pondera.moved();
     });
     on("resize", () => selection.placeFrame());
     on("load", () => selection.placeFrame());  // pictures that arrive

@@ -106,6 +106,7 @@ pondera.history = (() => {
         try {
             return change();
         } finally {
+            pondera.inserting.partParagraphs();
             commit();
             kept = pondera.selection.keep();
             pondera.changed();
@@ -131,16 +132,29 @@ pondera.history = (() => {
         for (const node of nodes) target.insertBefore(node, before && before.parentNode === target ? before : null);
     }
 
+    // What nodes hold when they are taken out: the observer does not see what was put into a node before the node itself was put into the page.
+    const shapeOf = node => [...node.childNodes].map(child => [child, shapeOf(child)]);
+
+    function setShape(node, shape) {
+        const children = shape.map(entry => entry[0]);
+        if (children.length !== node.childNodes.length || children.some((child, i) => child !== node.childNodes[i])) {
+            node.replaceChildren(...children);
+        }
+        for (const [child, inner] of shape) setShape(child, inner);
+    }
+
     function apply(record, forward) {
         if (record.type === "childList") {
             for (const node of forward ? record.removed : record.added) node.parentNode?.removeChild(node);
+            if (!forward) record.shapes = record.added.map(shapeOf);
+            else record.added.forEach((node, i) => setShape(node, record.shapes[i]));
             insert(record.target, forward ? record.added : record.removed, record.next, record.previous);
         } else {
             const value = forward ? record.after : record.before;
             if (record.type === "value") record.set(value);
             else if (record.type === "characterData") record.target.data = value;
             else if (value === null) record.target.removeAttribute(record.attribute);
-            else record.target.setAttribute(record.attribute, value);
+            else pondera.spelling.setAttribute(record.target, record.attribute, value);
         }
     }
 

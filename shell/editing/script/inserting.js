@@ -3,9 +3,10 @@
 "use strict";
 
 pondera.inserting = (() => {
-    const kBlocks = "p, h1, h2, h3, h4, h5, h6, ul, ol, dl, table, div, blockquote, pre, hr, center, form";
+    const kBlocks = "p, h1, h2, h3, h4, h5, h6, ul, ol, dl, li, dt, dd, table, div, blockquote, pre, hr, center, form, address, fieldset, " +
+        "section, article, aside, nav, header, footer, main, figure, figcaption, details, summary, menu, dir";
     const kParted = "p, h1, h2, h3, h4, h5, h6";  // blocks that cannot hold other blocks
-    const kInParagraph = kBlocks.split(", ").map(tag => "p > " + tag).join(", ");
+    const kScopes = "p, td, th, caption, button, object, template";
 
     const isEmpty = element => !element.textContent.trim() && !element.querySelector("img, input, embed, object, hr, table, video, iframe");
 
@@ -62,15 +63,32 @@ pondera.inserting = (() => {
         if (last) caretAfter(last);
     }
 
-    // A paragraph that holds a block would be torn apart when the page is read again; it is parted here, where undo knows of it.
+    // The innermost elements that stand where the browser would tear the element around them apart, with that element.
+    function misplaced() {
+        for (const block of document.body.querySelectorAll(kBlocks)) {
+            const around = block.parentElement.closest(kScopes);
+            if (around && around.localName === "p") return [block, around];
+            if (block.matches("h1, h2, h3, h4, h5, h6") && block.parentElement.matches("h1, h2, h3, h4, h5, h6")) return [block, block.parentElement];
+        }
+        const link = document.body.querySelector("a a");
+        return link ? [link, link.parentElement.closest("a")] : null;
+    }
+
+    // A paragraph that holds a block, or a link that holds a link, would be torn apart when the page is read again; it is parted here, where
+    // undo knows of it.
     function partParagraphs() {
+        let found = misplaced();
+        if (!found) return;
         const place = pondera.selection.keep();
-        for (let block = document.body.querySelector(kInParagraph); block; block = document.body.querySelector(kInParagraph)) {
-            const paragraph = block.parentElement;
-            const rest = paragraph.cloneNode(false);
-            while (block.nextSibling) rest.appendChild(block.nextSibling);
-            paragraph.after(block, rest);
-            for (const part of [paragraph, rest]) if (isEmpty(part)) part.remove();
+        for (; found; found = misplaced()) {
+            const [inner, outer] = found;
+            const rest = document.createRange();
+            rest.setStartAfter(inner);
+            rest.setEndAfter(outer);
+            const tail = rest.extractContents();
+            const after = tail.lastChild;
+            outer.after(inner, tail);
+            for (const part of [outer, after]) if (isEmpty(part)) part.remove();
         }
         pondera.selection.restore(place);
     }

@@ -61,21 +61,30 @@ pondera.merging = (() => {
         getSelection().collapse(first, caret);
     }
 
+    const boxAround = node => pondera.selection.positionedAround(node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement);
+
     // Deletes a selection that reaches from one paragraph into another; false where that is the browser's business.
     function deleteAcross(range) {
         const first = blockOf(range.startContainer), last = blockOf(range.endContainer);
+        if (boxAround(first) !== boxAround(last)) {
+            range.deleteContents();
+            return true;
+        }
         if (first === last || !isLeaf(first) || !isLeaf(last) || first.closest("td, th") !== last.closest("td, th")) return false;
         range.deleteContents();
         join(first, last);
         return true;
     }
 
+    // The paragraph before or after a block. Boxes of their own between them do not count: they stand elsewhere on the page.
     function neighbour(block, backwards) {
         const [step, inner] = backwards ? ["previousSibling", "lastElementChild"] : ["nextSibling", "firstElementChild"];
+        const passed = node => node.nodeType === Node.COMMENT_NODE || (node.nodeType === Node.TEXT_NODE && !node.data.trim()) ||
+            (node.nodeType === Node.ELEMENT_NODE && pondera.selection.isPositioned(node));
         let node = block[step];
-        while (node && node.nodeType === Node.TEXT_NODE && !node.data.trim()) node = node[step];
+        while (node && passed(node)) node = node[step];
         while (node && node.nodeType === Node.ELEMENT_NODE && !isLeaf(node) && node.matches("ul, ol, li, div, blockquote")) node = node[inner];
-        return node && node.nodeType === Node.ELEMENT_NODE && isLeaf(node) && !pondera.selection.isPositioned(node) ? node : null;
+        return node && node.nodeType === Node.ELEMENT_NODE && isLeaf(node) && boxAround(node) === boxAround(block) ? node : null;
     }
 
     function isAtEdge(range, block, backwards) {
@@ -89,6 +98,9 @@ pondera.merging = (() => {
     // Joins the caret's paragraph with the one before or after it, when the caret stands at that edge.
     function joinAtCaret(range, backwards) {
         const block = blockOf(range.startContainer);
+        const box = boxAround(block);
+        // What a key takes away in a box ends at the box's border.
+        if (box && isAtEdge(range, box, backwards)) return true;
         if (!block.matches("p, h1, h2, h3, h4, h5, h6") || !isLeaf(block) || !isAtEdge(range, block, backwards)) return false;
         const other = neighbour(block, backwards);
         if (!other) return false;
@@ -110,10 +122,20 @@ pondera.merging = (() => {
         return range.collapsed ? backwards !== undefined && joinAtCaret(range, backwards) : deleteAcross(range);
     }
 
+    // In a box whose words stand in no paragraph Enter breaks the line: a second paragraph would be a second box.
+    function breakLineInBox() {
+        const range = pondera.selection.textRange();
+        const box = range && boxAround(range.startContainer);
+        if (!box || blockOf(range.startContainer) !== box) return false;
+        take();
+        document.execCommand("insertLineBreak");
+        return true;
+    }
+
     // Deletes the selection.
     function deleteSelection() {
         if (!take()) document.execCommand("delete");
     }
 
-    return { trimSelection, take, deleteSelection };
+    return { trimSelection, take, breakLineInBox, deleteSelection };
 })();

@@ -9,19 +9,41 @@ pondera.spelling = (() => {
         "FIGURE FOOTER FORM H1 H2 H3 H4 H5 H6 HEADER HR LI MAIN NAV OL P PRE SECTION TABLE TBODY TD TFOOT TH THEAD TR UL").split(" "));
     const kVoid = new Set(("AREA BASE BASEFONT BGSOUND BR COL EMBED FRAME HR IMG INPUT KEYGEN LINK META PARAM SOURCE TRACK WBR").split(" "));
     const kRawText = new Set("SCRIPT STYLE XMP IFRAME NOEMBED NOFRAMES PLAINTEXT".split(" "));
+    const kHtml = "http://www.w3.org/1999/xhtml";
     const kLinks = new Set("href src background name action data poster srcset longdesc".split(" "));
     const kAlwaysQuoted = new Set("href src style content".split(" "));
 
-    const reference = { "§": "&sect;", "ç": "&ccedil;", "\\": "&#92;", "\u00a0": "&nbsp;", "&": "&amp;", "<": "&lt;", ">": "&gt;" };
+    const reference = { "§": "&sect;", "ç": "&ccedil;", "\\": "&#92;", "\u00a0": "&nbsp;", "\r": "&#13;", "&": "&amp;", "<": "&lt;", ">": "&gt;" };
 
     function text(data) {
-        return data.replace(/[§ç\\\u00a0&<>]/g, c => reference[c]);
+        return data.replace(/[§ç\\\u00a0\r&<>]/g, c => reference[c]);
     }
 
-    // Properties of a style value in their order, as [name, value]; quotes and brackets may hold semicolons.
+    // The declarations of a style value; quotes, brackets and comments may hold semicolons.
+    function declarations(value) {
+        const parts = [];
+        let quote = "", depth = 0, from = 0;
+        for (let i = 0; i < value.length; ++i) {
+            const c = value[i];
+            if (c === "\\") ++i;
+            else if (quote) quote = c === quote ? "" : quote;
+            else if (c === '"' || c === "'") quote = c;
+            else if (c === "/" && value[i + 1] === "*") i = (value.indexOf("*/", i + 2) + 1) || value.length;
+            else if (c === "(") ++depth;
+            else if (c === ")") depth = Math.max(0, depth - 1);
+            else if (c === ";" && !depth) {
+                parts.push(value.slice(from, i));
+                from = i + 1;
+            }
+        }
+        parts.push(value.slice(from));
+        return parts;
+    }
+
+    // Properties of a style value in their order, as [name, value].
     function styleProperties(value) {
         const properties = [];
-        for (const part of value.match(/(?:"[^"]*"|'[^']*'|\((?:"[^"]*"|'[^']*'|[^()])*\)|[^;"'(]|["'(])+/g) || []) {
+        for (const part of declarations(value)) {
             const colon = part.indexOf(":");
             if (colon < 1) continue;
             const name = part.slice(0, colon).trim();
@@ -56,6 +78,19 @@ pondera.spelling = (() => {
         else element.removeAttribute("style");
     }
 
+    // Sets an attribute whatever its name is: pages that people wrote by hand have some that the browser takes from text only.
+    function setAttribute(element, name, value) {
+        try {
+            element.setAttribute(name, value);
+        } catch {
+            const template = document.createElement("template");
+            template.innerHTML = "<i " + name + ">";
+            const attribute = document.importNode(template.content.firstChild.attributes[0], true);
+            attribute.value = value;
+            element.setAttributeNode(attribute);
+        }
+    }
+
     function styleValue(element, key) {
         const property = styleProperties(element.getAttribute("style") || "").find(p => p[0] === key.toUpperCase());
         return property ? property[1] : "";
@@ -76,14 +111,20 @@ pondera.spelling = (() => {
         return " " + name + "=" + escaped;
     }
 
-    // A line break is written only where it cannot be seen: not in preformatted text, not before a block that flows as a word does.
+    const endsInWord = node => !!node && (node.nodeType === Node.TEXT_NODE ? /\S$/.test(node.data) : node.nodeType === Node.ELEMENT_NODE);
+
+    // A line break is written only where it cannot be seen: not in preformatted text, and not beside letters before a block that flows as a
+    // word does or that stands outside the flow.
     function breaksBefore(element) {
         const parent = element.parentElement;
         if (parent && parent.localName === "head") return true;
         if (!kBreakBefore.has(element.tagName.toUpperCase())) return false;
-        if (!element.isConnected) return true;
-        if (getComputedStyle(element).display.startsWith("inline")) return false;
-        return !(parent && getComputedStyle(parent).whiteSpace.startsWith("pre"));
+        if (!element.isConnected || !parent) return true;
+        if (/^(pre|break)/.test(getComputedStyle(parent).whiteSpace)) return false;
+        const style = getComputedStyle(element);
+        if (style.display.startsWith("inline")) return false;
+        const inFlow = style.float === "none" && !["absolute", "fixed"].includes(style.position) && !["none", "contents"].includes(style.display);
+        return inFlow || !endsInWord(element.previousSibling);
     }
 
     function endsWithBreak(out) {
@@ -103,7 +144,8 @@ pondera.spelling = (() => {
 
     function write(node, out) {
         if (node.nodeType === Node.TEXT_NODE) {
-            const raw = node.parentNode && kRawText.has(node.parentNode.nodeName.toUpperCase());
+            const parent = node.parentNode;
+            const raw = parent && kRawText.has(parent.nodeName) && parent.namespaceURI === kHtml;
             out.push(raw ? node.data : text(node.data));
             return;
         }
@@ -116,7 +158,7 @@ pondera.spelling = (() => {
             return;
         }
         if (node.nodeType !== Node.ELEMENT_NODE || node === pondera.frameHost) return;
-        const foreign = node.namespaceURI !== "http://www.w3.org/1999/xhtml";
+        const foreign = node.namespaceURI !== kHtml;
         const tag = foreign ? node.tagName : node.tagName.toUpperCase();
         if (breaksBefore(node) && !endsWithBreak(out)) out.push("\n");
         let start = "<" + tag;
@@ -137,7 +179,7 @@ pondera.spelling = (() => {
         const out = [];
         if (outer) write(node, out);
         else writeChildren(node, out);
-        return out.join("").replace(/^\n/, "");
+        return pondera.serverScript.show(out.join("").replace(/^\n/, ""));
     }
 
     // The whole document; what stands before and after the HTML element (document type, comments) is handed in.
@@ -155,5 +197,5 @@ pondera.spelling = (() => {
         return out.join("");
     }
 
-    return { markup, documentMarkup, styleProperties, setStyle, styleValue };
+    return { markup, documentMarkup, styleProperties, setStyle, styleValue, setAttribute };
 })();
