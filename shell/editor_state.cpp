@@ -1,20 +1,33 @@
 #include "shell/editor_state.h"
 
+#include <QStringList>
+
+#include <algorithm>
+
+#include "shell/text_lists.h"
+
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The font that is asked for first: "Arial" of "\"Arial\", sans-serif".
-QString first_family(const QString& families) {
-    return families.section(u',', 0, 0).remove(u'"').trimmed();
+/// The font to show for a style's list of families: the first that the font list knows, else the first that is a name.
+/// Those before it ("-apple-system") stand for the visitor's own system.
+QString shown_font(const QString& families) {
+    QStringList names = families.split(u',', Qt::SkipEmptyParts);
+    for (QString& name : names) name = name.remove(u'"').trimmed();
+    for (const QString& name : names) {
+        if (font_names().contains(name, Qt::CaseInsensitive)) return name;
+    }
+    const auto named = std::ranges::find_if(names, [](const QString& name) { return !name.startsWith(u'-'); });
+    return named == names.end() ? QString() : *named;
 }
 
 }  // namespace
 
 EditorState::EditorState(const QJsonObject& state)
-    : font_(first_family(state["font"_L1].toString())),
+    : font_(shown_font(state["font"_L1].toString())),
       size_(state["size"_L1].toString()),
       modified_(state["modified"_L1].toBool()) {
     const QJsonObject statuses = state["statuses"_L1].toObject();

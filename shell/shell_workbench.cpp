@@ -82,6 +82,7 @@ bool ShellWorkbench::load(const QString& name) {
 
 void ShellWorkbench::page_is_loaded() {
     discarded_ = false;
+    last_help_ = window_help();
     emit pageLoaded();
     emit stateChanged();
 }

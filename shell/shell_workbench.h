@@ -81,7 +81,7 @@ class ShellWorkbench : public QObject, public Workbench {
     QPointer<QWidget> window_;
     PopupSize popup_size_;
     QString website_;
-    Help last_help_;
+    Help last_help_;  ///< of the command last chosen since the page was loaded, else the window's
     bool browsing_ = false;
     bool discarded_ = false;  ///< the person gave up the unsaved changes within the running command
     int running_ = 0;

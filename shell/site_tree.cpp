@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <QHeaderView>
+#include <QStyle>
 
 #include "shell/command_actions.h"
 #include "site/page_name.h"
@@ -48,7 +49,10 @@ SiteTree::SiteTree(QWidget* parent) : QTreeWidget(parent) {
     setIconSize({18, 18});
     setIndentation(16);
     connect(this, &QTreeWidget::itemClicked, this, &SiteTree::choose);
-    connect(this, &QTreeWidget::itemActivated, this, &SiteTree::choose);
+    // Where a single click activates, itemClicked has told of it already.
+    if (!style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick)) {
+        connect(this, &QTreeWidget::itemActivated, this, &SiteTree::choose);
+    }
 }
 
 void SiteTree::show_website(const QString& name, QList<TreePage> pages) {

@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 #include <QTest>
 #include <QToolBar>
+#include <QWebEngineView>
 
 #include "shell/editing/dhtml_edit.h"
 #include "shell/site_tree.h"
@@ -132,6 +133,11 @@ TEST_F(MainFormTest, KeysFormatTextAndShowItsFormat) {
     emit sizes.textActivated(u"5 (18pt)"_s);
     EXPECT_TRUE(editor.text().contains(u"size=5"_s)) << editor.text().toStdString();
     EXPECT_TRUE(QTest::qWaitFor([&] { return sizes.currentText() == u"5 (18pt)"; }));
+    auto& fonts = find<QComboBox>(u"font_list"_s);
+    EXPECT_EQ(fonts.currentText(), u"Times New Roman");
+    editor.replace_text(u"<HTML><BODY style='font-family: -apple-system, Inter, Arial, sans-serif'>x</BODY></HTML>"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fonts.currentText() == u"Arial"; })) << fonts.currentText().toStdString();
+    editor.execute(EditCommand::kSelectAll);
 
     prompts_.expect_colour(QColor(0x11, 0x22, 0x33));
     EXPECT_TRUE(choose(u"Col_For"_s));
@@ -140,6 +146,29 @@ TEST_F(MainFormTest, KeysFormatTextAndShowItsFormat) {
     EXPECT_TRUE(choose(u"salva"_s));
     EXPECT_EQ(panel(u"panel_modified"_s), u""_s);
     EXPECT_TRUE(read(u"Shop"_s, u"index.htm"_s).contains(u"#112233"_s));
+}
+
+TEST_F(MainFormTest, StandardKeysWorkWhileThePageHasTheFocus) {
+    open(u"Shop"_s);
+    auto& control = find<DHTMLEdit>(u"DHTMLEdit1"_s);
+    QWidget& page_view = *control.view()->focusProxy();
+    page_view.setFocus();
+    const auto press = [&](Qt::Key key) { QTest::keyClick(&page_view, key, Qt::ControlModifier); };
+    const auto holds = [&](const QString& markup) {
+        return QTest::qWaitFor([&] { return control.text().contains(markup); });
+    };
+    press(Qt::Key_A);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return find<QAction>(u"mnu_cut"_s).isEnabled(); }));
+    press(Qt::Key_B);
+    press(Qt::Key_I);
+    EXPECT_TRUE(holds(u"<I>"_s) && holds(u"<B>"_s)) << control.text().toStdString();
+    press(Qt::Key_Z);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !control.text().contains(u"<I>"_s); }));
+    EXPECT_TRUE(holds(u"<B>"_s)) << "one key, one step";
+    press(Qt::Key_S);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return read(u"Shop"_s, u"index.htm"_s).contains(u"<B>"_s); }));
+    press(Qt::Key_2);
+    EXPECT_TRUE(window_->workbench().browsing());
 }
 
 TEST_F(MainFormTest, TheFontFormChangesOnlyWhatWasChosen) {
