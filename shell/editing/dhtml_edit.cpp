@@ -163,7 +163,7 @@ void DHTMLEdit::remember_file(const QByteArray& bytes) {
 }
 
 FileResult<void> DHTMLEdit::save_document(const QString& path) {
-    const QString whole = text();
+    const QString whole = revive() ? text() : QString();
     if (whole.isEmpty()) return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
     const QByteArray bytes = encode_text(whole, encoding_);
     const auto written = write_file(path, bytes);
@@ -203,8 +203,7 @@ void DHTMLEdit::mark_modified() {
 
 QString DHTMLEdit::text() {
     if (path_.isEmpty()) return {};
-    const QJsonValue text = ask(u"documentText.text"_s);
-    return with_line_ends(text.toString());
+    return with_line_ends(ask(u"documentText.text"_s).toString(known_text_));
 }
 
 void DHTMLEdit::replace_text(const QString& html) {

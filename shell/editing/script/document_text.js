@@ -22,7 +22,6 @@ pondera.documentText = (() => {
 
     function parse(text) {
         const parsed = new DOMParser().parseFromString(pondera.serverScript.hide(text), "text/html");
-        pondera.serverScript.intoComments(parsed);
         // Nothing can end a PLAINTEXT: what is written behind it would become part of it.
         for (const element of parsed.querySelectorAll("plaintext")) {
             const pre = parsed.createElement("pre");
@@ -159,7 +158,8 @@ pondera.documentText = (() => {
         const range = selection.textRange();
         if (!element && (!range || range.collapsed)) return false;
         const node = element ? element.closest("a") || element : selection.linkOf(range) || selection.elementOf(range);
-        if (node === document.body) return replaceSelection(markup);
+        // A cell or list item keeps its place; what is in it is replaced.
+        if (node === document.body || node.matches("td, th, tr, tbody, thead, tfoot, caption, li")) return replaceSelection(markup);
         replaceNode(node, markup);
         return true;
     }

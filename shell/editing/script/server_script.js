@@ -1,31 +1,35 @@
 // Pieces of server script in a page ("<? … ?>", "<% … %>"): the browser would take them for broken markup. While the page is edited a mark
-// stands for each of them; the text gets them back to the letter.
+// stands for each of them, a comment where nobody sees or edits it, bare letters within a tag or a script; the text gets them back to the letter.
 "use strict";
 
 pondera.serverScript = (() => {
     const kBlock = /<\?[\s\S]*?\?>|<%[\s\S]*?%>/g;
     const kMark = /<!--\ue0f0(\d+)\ue0f1-->|\ue0f0(\d+)\ue0f1/g;
-    let blocks = [];
+    const kRawText = /<(\/?)(script|style|textarea|title|xmp|iframe)\b[^>]*>/gi;
+    const blocks = [];
 
-    // The text with marks instead of script; the blocks of the text before stay known, for undo.
-    function hide(text) {
-        return text.replace(kBlock, block => "\ue0f0" + (blocks.push(block) - 1) + "\ue0f1");
+    // Whether a place of the text lies within a tag or within an element whose content is no markup.
+    function isInTag(before) {
+        const tag = before.lastIndexOf("<");
+        return tag > before.lastIndexOf(">") && /^<\/?[a-z]/i.test(before.slice(tag, tag + 3));
     }
 
-    // Marks between the tags become comments, so that nobody sees or edits them.
-    function intoComments(parsed) {
-        const walker = parsed.createTreeWalker(parsed, NodeFilter.SHOW_TEXT);
-        const marked = [];
-        for (let node = walker.nextNode(); node; node = walker.nextNode()) {
-            if (node.data.includes("\ue0f0") && !/^(script|style|textarea|title|xmp)$/.test(node.parentNode.localName)) marked.push(node);
-        }
-        for (const node of marked) {
-            node.replaceWith(...node.data.split(/(\ue0f0\d+\ue0f1)/).filter(part => part)
-                .map(part => (part[0] === "\ue0f0" ? parsed.createComment(part) : parsed.createTextNode(part))));
-        }
+    function isInRawText(before) {
+        let open = false;
+        for (const match of before.matchAll(kRawText)) open = match[1] === "";
+        return open;
+    }
+
+    // The text with marks instead of script. Blocks of earlier texts stay known, for undo.
+    function hide(text) {
+        return text.replace(kBlock, (block, at) => {
+            const mark = "\ue0f0" + (blocks.push(block) - 1) + "\ue0f1";
+            const before = text.slice(0, at);
+            return isInTag(before) || isInRawText(before) ? mark : "<!--" + mark + "-->";
+        });
     }
 
     const show = text => (blocks.length ? text.replace(kMark, (_, comment, plain) => blocks[comment ?? plain] ?? "") : text);
 
-    return { hide, intoComments, show };
+    return { hide, show };
 })();

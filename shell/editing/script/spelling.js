@@ -105,7 +105,7 @@ pondera.spelling = (() => {
         } else {
             escaped = text(name === "style" ? styleText(styleProperties(value)) || value : value);
         }
-        if (value === "" || kAlwaysQuoted.has(name) || /[\s"'<>`]/.test(value)) {
+        if (value === "" || kAlwaysQuoted.has(name) || /[\s\ue0f0"'<>`]/.test(value)) {
             escaped = '"' + escaped.replace(/"/g, "&quot;").replace(/\r/g, "&#13;").replace(/\n/g, "&#10;") + '"';
         }
         return " " + name + "=" + escaped;

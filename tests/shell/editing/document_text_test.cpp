@@ -42,6 +42,9 @@ TEST_F(DocumentText, SavedUntouchedTwiceIsTheSameBytes) {
         u"no tags at all"_s,
         u"<p>unclosed <b>nested <i>wrong</b> order</i><div style=\"white-space:pre\">a\n  <p>b</p></div>"_s,
         u""_s,
+        u"<html lang=\"it\"\"><body \"q\"><p>odd attributes</p></body></html>"_s,
+        u"foo<div style='position:absolute'>x</div>bar<table align=right><tr><td>1</table>baz"_s,
+        u"<svg><style>a &lt;b</style></svg><plaintext>a <b>"_s,
     };
     for (const QString& page : pages) {
         load(page);
@@ -50,6 +53,19 @@ TEST_F(DocumentText, SavedUntouchedTwiceIsTheSameBytes) {
         ASSERT_TRUE(editor_.save_document(path(u"2.htm"_s)));
         EXPECT_EQ(read_file(path(u"1.htm"_s)).value(), read_file(path(u"2.htm"_s)).value());
         EXPECT_EQ(page.contains(u"\r\n"_s), read_file(path(u"1.htm"_s))->contains("\r\n"));
+    }
+}
+
+TEST_F(DocumentText, PiecesOfServerScriptComeBackToTheLetter) {
+    load(
+        u"<?xml version=\"1.0\"?><html><head><?php if (1 > 0) include \"a.php\"; ?><title>T <?= $t ?></title></head>"
+        "<body class=\"<?= $c ?>\"><p>A paragraph of words around <?php echo 1 > 0 ?>, so long that the script is less "
+        "than half of the page, "
+        "by far, as in pages that mostly hold words.</p><% x %></body></html>"_s);
+    for (const QString& piece : {u"<?xml version=\"1.0\"?>\n<HTML>"_s,
+                                 u"<HEAD><?php if (1 > 0) include \"a.php\"; ?>"_s, u"<TITLE>T <?= $t ?></TITLE>"_s,
+                                 u"class=\"<?= $c ?>\""_s, u"around <?php echo 1 > 0 ?>, so"_s, u"<% x %></BODY>"_s}) {
+        EXPECT_TRUE(editor_.text().contains(piece)) << qPrintable(piece);
     }
 }
 

@@ -1,3 +1,4 @@
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -82,6 +83,24 @@ TEST_F(Trust, ThePublishedPageShowsElementsWhereTheControlDoes) {
                 << qPrintable(name) << ' ' << i;
         }
     }
+}
+
+TEST_F(Trust, ADeadEngineIsAskedWithoutWaiting) {
+    load(u"<body><p>text</p></body>"_s);
+    QObject::connect(
+        editor_.view()->page(), &QWebEnginePage::renderProcessTerminated, &editor_,
+        [this] {
+            QElapsedTimer time;
+            time.start();
+            EXPECT_TRUE(editor_.text().contains(u"text"_s));
+            EXPECT_LT(time.elapsed(), 20000) << "the question waited for an answer that never came";
+        },
+        Qt::QueuedConnection);
+    ASSERT_EQ(kill(static_cast<pid_t>(editor_.view()->page()->renderProcessPid()), SIGKILL), 0);
+    QTest::qWait(500);
+    make_picture(u"a.png"_s, {10, 10});
+    load(u"<body><p>next</p></body>"_s);
+    EXPECT_EQ(body(), u"\n<P>next</P>"_s);
 }
 
 TEST_F(Trust, AnEngineThatDiesLosesNothing) {
