@@ -113,7 +113,8 @@ QJsonValue ScriptPage::wait_for(const QString& code) {
     // the dispatcher is woken.
     QAbstractEventDispatcher::instance()->wakeUp();
     if (!*answer) loop.exec(QEventLoop::ExcludeUserInputEvents);
-    return *answer ? from_json(**answer) : QJsonValue();
+    const std::optional<QVariant> given = *answer;
+    return given ? from_json(*given) : QJsonValue();
 }
 
 void ScriptPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
