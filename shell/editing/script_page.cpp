@@ -113,7 +113,7 @@ QJsonValue ScriptPage::wait_for(const QString& code) {
     // the dispatcher is woken.
     QAbstractEventDispatcher::instance()->wakeUp();
     if (!*answer) loop.exec(QEventLoop::ExcludeUserInputEvents);
-    const std::optional<QVariant> given = *answer;
+    const std::optional<QVariant>& given = *answer;
     return given ? from_json(*given) : QJsonValue();
 }
 
