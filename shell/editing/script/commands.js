@@ -24,59 +24,62 @@ pondera.commands = (() => {
     }
 
     function setLevel(element, value) {
-        spelling.setStyle(element, { "z-index": value });
+        if (value !== level(element)) spelling.setStyle(element, { "z-index": value });
     }
 
-    // The elements in the order in which they are painted, lowest first, on the same side of the text as `element`.
-    function paintOrder(element) {
-        const below = level(element) < 0;
-        return positionedElements().filter(e => (level(e) < 0) === below && !e.contains(element) && !element.contains(e) || e === element)
-            .map((e, i) => ({ e, i, z: level(e) })).sort((a, b) => a.z - b.z || a.i - b.i).map(entry => entry.e);
+    const sideOf = element => (level(element) < 0 ? -1 : 1);
+    const isAfter = (element, other) => !!(other.compareDocumentPosition(element) & Node.DOCUMENT_POSITION_FOLLOWING);
+
+    // The elements on the same side of the text as `element`, from the text outwards.
+    function outwards(element) {
+        const side = sideOf(element);
+        return positionedElements().filter(e => e === element || sideOf(e) === side && !e.contains(element) && !element.contains(e))
+            .map((e, i) => ({ e, i, z: level(e) })).sort((a, b) => side * (a.z - b.z || a.i - b.i)).map(entry => entry.e);
     }
 
-    // Exchanges an element with its neighbour in the painting order; equal levels are told apart first.
+    // Gives elements of one side, listed from the text outwards, levels at the distances given or further out, so that each is painted
+    // outside of the one before it. Of equal levels the later element is painted higher.
+    function arrange(order, distances, side) {
+        let reach = 0;
+        order.forEach((e, i) => {
+            const before = order[i - 1];
+            const mayBeEqual = before && (side > 0 ? isAfter(e, before) : isAfter(before, e));
+            reach = before ? Math.max(distances[i], mayBeEqual ? reach : reach + 1) : distances[i];
+            setLevel(e, side * reach);
+        });
+    }
+
+    // Exchanges an element with its neighbour in the painting order.
     function step(element, up) {
-        const order = paintOrder(element);
-        const at = order.indexOf(element);
-        const other = order[at + (up ? 1 : -1)];
-        if (!other) return;
-        const own = level(element), theirs = level(other);
-        if (own !== theirs) {
-            setLevel(element, theirs);
-            setLevel(other, own);
-            return;
-        }
-        const above = up ? element : other;
-        for (const e of order.slice(Math.max(at, order.indexOf(other)) + 1)) setLevel(e, level(e) + 1);
-        setLevel(above, own + 1);
+        const side = sideOf(element), order = outwards(element);
+        const from = order.indexOf(element), to = from + (up ? side : -side);
+        if (!order[to]) return;
+        const distances = order.map(e => side * level(e));
+        [order[from], order[to]] = [order[to], order[from]];
+        arrange(order, distances, side);
     }
 
-    function toFront(element) {
-        const order = paintOrder(element);
-        if (order[order.length - 1] !== element) setLevel(element, level(order[order.length - 1]) + 1);
-    }
-
-    // Under all others, but still above the text: when there is no room below them, they move up by one.
-    function toBack(element) {
-        const order = paintOrder(element);
-        if (order[0] === element) return;
-        const lowest = level(order[0]);
-        if (lowest > 1 || lowest < 0) {
-            setLevel(element, lowest - 1);
-            return;
-        }
-        for (const e of order) if (e !== element) setLevel(e, level(e) + 2 - lowest);
-        setLevel(element, 1);
+    // Over or under all others, but on its own side of the text: when there is no room, the others make it.
+    function toEnd(element, up) {
+        const side = sideOf(element), order = outwards(element);
+        const outer = up === side > 0;
+        const last = outer ? order[order.length - 1] : order[0];
+        if (last === element) return;
+        const distance = outer ? side * level(last) + 1 : Math.max(1, side * level(last) - 1);
+        const rest = order.filter(e => e !== element);
+        const distances = rest.map(e => side * level(e));
+        if (outer) arrange([...rest, element], [...distances, distance], side);
+        else arrange([element, ...rest], [distance, ...distances], side);
     }
 
     const elementCommands = {
         5027: element => selection.isLocked(element) ? element.removeAttribute("data-locked") : element.setAttribute("data-locked", "true"),
         5036: element => step(element, false),
         5037: element => step(element, true),
-        5038: element => setLevel(element, -Math.max(1, level(element))),
-        5039: element => setLevel(element, Math.max(1, -level(element))),
-        5040: toBack,
-        5041: toFront
+        5038: element => level(element) >= 0 && setLevel(element, -Math.max(1, level(element))),
+        5039: element => level(element) < 0 && setLevel(element, -level(element)),
+        5040: element => toEnd(element, false),
+        5041: element => toEnd(element, true)
     };
 
     function insertTable(size) {
@@ -89,8 +92,9 @@ pondera.commands = (() => {
         const element = selection.control();
         if (!element) {
             const range = selection.textRange();
-            const link = range && selection.linkOf(range);
-            if (link) link.setAttribute("href", address);
+            const link = selection.linkOf(range);
+            const isAll = link && (link.contains(range.commonAncestorContainer) || link.textContent === range.toString());
+            if (isAll) link.setAttribute("href", address);
             else document.execCommand("createLink", false, address);
             return;
         }

@@ -128,6 +128,13 @@ TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
     EXPECT_EQ(editor_.status(static_cast<EditCommand>(4711)), CommandStatus::kNotSupported);
 }
 
+TEST_F(Typing, ALinkOverTextThatHoldsOneLinksAllOfIt) {
+    load(u"<body><p>one <a href=old.htm>two</a> three</p></body>"_s);
+    editor_.execute(EditCommand::kSelectAll);
+    EXPECT_TRUE(editor_.execute(EditCommand::kHyperlink, u"new.htm"_s));
+    EXPECT_EQ(body(), u"\n<P><A href=\"new.htm\">one two three</A></P>"_s);
+}
+
 TEST_F(Typing, FiveHundredStepsComeBackByteForByte) {
     load(u"<body><p>start</p></body>"_s);
     QStringList texts{editor_.text()};
