@@ -130,8 +130,9 @@ void ScriptPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, c
     }
 }
 
-bool ScriptPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool is_main_frame) {
-    return starting_ || !is_main_frame || url.scheme() == u"data"_s;
+bool ScriptPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) {
+    if (!is_main_frame) return type != NavigationTypeLinkClicked && type != NavigationTypeFormSubmitted;
+    return starting_ || url.scheme() == u"data"_s;
 }
 
 }  // namespace pondera

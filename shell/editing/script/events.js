@@ -26,6 +26,9 @@
 
     on("mousedown", event => {
         if (!outsideFrame(event)) return;
+        const onScrollBar = event.clientX >= visualViewport.width || event.clientY >= visualViewport.height;
+        if (onScrollBar || event.button && pondera.moving.dragging()) return;
+        pondera.moving.finish();
         history.commit();
         const element = selection.pickAt(event.clientX, event.clientY, event.target);
         if (!element) {
@@ -39,14 +42,14 @@
     });
     on("mousemove", event => pondera.moving.move(event));
     on("mouseup", event => {
-        if (pondera.moving.finish()) event.preventDefault();
+        if (event.button === 0 && pondera.moving.finish()) event.preventDefault();
     });
     on("click", event => event.preventDefault());
     on("dblclick", event => {
         const element = selection.control();
         if (!element || !outsideFrame(event)) return;
         event.preventDefault();
-        if (element.localName !== "img") selection.enter(element, event.clientX, event.clientY);
+        selection.enter(element, event.clientX, event.clientY);
     });
     on("dragstart", event => {
         if (selection.pick(event.target)) event.preventDefault();
@@ -214,7 +217,7 @@
     function state() {
         return {
             statuses: pondera.commands.statuses(), font: pondera.commands.fontValue("fontName"), size: pondera.commands.fontValue("fontSize"),
-            modified: history.modified(), selection: selection.describe().type
+            modified: history.modified(), selection: selection.type()
         };
     }
     pondera.state = state;

@@ -5,6 +5,29 @@
 pondera.selection = (() => {
     const kHandles = ["nw", "n", "ne", "e", "se", "s", "sw", "w"];
     const kPictures = "img, embed, object, video, iframe, input[type=image]";
+    const kPlayers = "iframe, video, audio, embed, object";  // what is inside of them would take the mouse
+    const kSmall = 30;   // px of a side along which the handles would cover the element
+    const kAside = 7;    // px that they stand off then
+
+    // Sheets that no page's rules about styles can refuse, and that are not part of the document.
+    function sheet(rules) {
+        const made = new CSSStyleSheet();
+        made.replaceSync(rules);
+        return made;
+    }
+
+    // Nothing plays or leads away while the page is edited, and what visitors without scripts read is not shown.
+    const pageSheet = sheet(`${kPlayers} { pointer-events:none !important } noscript { display:none !important }`);
+
+    const frameSheet = sheet(`
+        .frame { position:absolute; box-sizing:border-box; border:1.5px solid #1a66c9; display:none }
+        .frame.locked { border-style:dashed; border-color:#8a5a00 }
+        .handle { position:absolute; width:9px; height:9px; margin:-5px 0 0 -5px; background:#fff; border:1.5px solid #1a66c9;
+                  box-sizing:border-box; border-radius:2px; pointer-events:auto }
+        .locked .handle, .narrow .n, .narrow .s, .low .e, .low .w { display:none }
+        .guide { position:absolute; background:#e0218a }
+        .size { position:absolute; left:50%; top:100%; transform:translate(-50%, 9px); font:12px sans-serif; color:#fff;
+                background:#1a66c9; border-radius:3px; padding:1px 6px; white-space:nowrap; display:none }`);
 
     let control = null;
     let entered = null;  // the positioned element whose text is being edited
@@ -40,11 +63,22 @@ pondera.selection = (() => {
         return [...range.getClientRects()].some(r => x >= r.left && x <= r.right && y >= r.top && y <= r.bottom);
     }
 
+    // The elements at a place, topmost first, those that the mouse goes through included.
+    function elementsAt(x, y) {
+        const players = pageSheet.cssRules[0].style;
+        players.removeProperty("pointer-events");
+        const elements = document.elementsFromPoint(x, y);
+        players.setProperty("pointer-events", "none", "important");
+        return elements;
+    }
+
     // As pick, and finds an element that lies under the text where no letter covers it.
     function pickAt(x, y, target) {
+        const elements = elementsAt(x, y);
+        if (elements[0]?.closest(kPlayers)) target = elements[0];
         const above = pick(target);
         if (above || (entered && entered.contains(target)) || overText(x, y)) return above;
-        for (const element of document.elementsFromPoint(x, y)) {
+        for (const element of elements) {
             const below = pick(element);
             if (below && below !== entered) return below;
         }
@@ -56,25 +90,21 @@ pondera.selection = (() => {
         host.setAttribute("contenteditable", "false");
         host.style.cssText = "all:initial; position:absolute; left:0; top:0; width:0; height:0; z-index:2147483647; pointer-events:none";
         const root = host.attachShadow({ mode: "closed" });
-        root.innerHTML = `<style>
-            .frame { position:absolute; box-sizing:border-box; border:1.5px solid #1a66c9; display:none }
-            .frame.locked { border-style:dashed; border-color:#8a5a00 }
-            .handle { position:absolute; width:9px; height:9px; margin:-5px 0 0 -5px; background:#fff; border:1.5px solid #1a66c9;
-                      box-sizing:border-box; border-radius:2px; pointer-events:auto }
-            .locked .handle { display:none }
-            .guide { position:absolute; background:#e0218a }
-            .size { position:absolute; left:50%; top:100%; transform:translate(-50%, 9px); font:12px sans-serif; color:#fff;
-                    background:#1a66c9; border-radius:3px; padding:1px 6px; white-space:nowrap; display:none }
-            </style><div class="guides"></div><div class="frame"><div class="size"></div></div>`;
+        root.adoptedStyleSheets = [frameSheet];
+        root.innerHTML = `<div class="guides"></div><div class="frame"><div class="size"></div></div>`;
+        document.adoptedStyleSheets = [pageSheet];
         frame = root.querySelector(".frame");
         guides = root.querySelector(".guides");
         for (const name of kHandles) {
             const handle = document.createElement("div");
-            handle.className = "handle";
+            handle.className = "handle " + name;
             handle.style.left = name.includes("w") ? "0" : name.includes("e") ? "100%" : "50%";
             handle.style.top = name.includes("n") ? "0" : name.includes("s") ? "100%" : "50%";
             handle.style.cursor = name + "-resize";
-            handle.addEventListener("mousedown", event => pondera.moving.startSizing(event, control, name));
+            handle.addEventListener("mousedown", event => {
+                event.preventDefault();
+                if (event.button === 0 && control && !isLocked(control)) pondera.moving.start(event, control, name);
+            });
             frame.appendChild(handle);
         }
         pondera.frameHost = host;
@@ -98,6 +128,11 @@ pondera.selection = (() => {
         frame.style.display = control ? "block" : "none";
         if (!control) return;
         const box = inHost(control.getBoundingClientRect());
+        const narrow = box.width < kSmall, low = box.height < kSmall;
+        frame.classList.toggle("narrow", narrow);
+        frame.classList.toggle("low", low);
+        if (narrow) [box.left, box.width] = [box.left - kAside, box.width + 2 * kAside];
+        if (low) [box.top, box.height] = [box.top - kAside, box.height + 2 * kAside];
         for (const side of ["left", "top", "width", "height"]) frame.style[side] = box[side] + "px";
         frame.classList.toggle("locked", isLocked(control));
     }
@@ -133,6 +168,7 @@ pondera.selection = (() => {
 
     // Puts the caret into the text of the selected element.
     function enter(element, x, y) {
+        if (element.matches(kPictures)) return;
         select(null);
         entered = element;
         const caret = document.caretRangeFromPoint(x, y);
@@ -188,6 +224,11 @@ pondera.selection = (() => {
         return [...document.body.querySelectorAll("a[href]")].find(a => range.intersectsNode(a) && !range.collapsed) || null;
     }
 
+    function type() {
+        const range = control ? null : textRange();
+        return control ? "control" : range && !range.collapsed ? "text" : "none";
+    }
+
     function describe() {
         if (control) {
             const link = control.closest("a[href]");
@@ -226,7 +267,7 @@ pondera.selection = (() => {
 
     return {
         pick, pickAt, select, enter, leaveEntered, keep, restore, attachFrame, placeFrame, showGuides, showSize, selectable, textRange,
-        elementOf, linkOf, describe, isPositioned, isLocked, positionedAround,
+        elementOf, linkOf, type, describe, isPositioned, isLocked, positionedAround,
         control: () => (control && control.isConnected ? control : null),
         entered: () => entered
     };

@@ -59,19 +59,24 @@ pondera.spelling = (() => {
         return [...level, ...others].map(p => p[0] + ": " + p[1]).join("; ");
     }
 
+    const isImportant = value => /!\s*important$/i.test(value);
+
+    // Of a property that is written twice the last one counts, or the last important one.
+    function styleProperty(properties, name) {
+        const own = properties.filter(p => p[0] === name);
+        return own.findLast(p => isImportant(p[1])) || own[own.length - 1];
+    }
+
     // Sets properties of an element's style attribute and keeps all others, known to the browser or not; null removes one.
     function setStyle(element, changes) {
-        const properties = styleProperties(element.getAttribute("style") || "");
+        let properties = styleProperties(element.getAttribute("style") || "");
         for (const [key, value] of Object.entries(changes)) {
             const name = key.toUpperCase();
-            const at = properties.findIndex(p => p[0] === name);
-            if (value === null) {
-                if (at >= 0) properties.splice(at, 1);
-            } else if (at >= 0) {
-                properties[at][1] = String(value);
-            } else {
-                properties.push([name, String(value)]);
-            }
+            const old = styleProperty(properties, name);
+            properties = properties.filter(p => p[0] !== name || (p === old && value !== null));
+            if (value === null) continue;
+            if (old) old[1] = value + (isImportant(old[1]) ? " !important" : "");
+            else properties.push([name, String(value)]);
         }
         const value = styleText(properties);
         if (value) element.setAttribute("style", value);
@@ -92,7 +97,7 @@ pondera.spelling = (() => {
     }
 
     function styleValue(element, key) {
-        const property = styleProperties(element.getAttribute("style") || "").find(p => p[0] === key.toUpperCase());
+        const property = styleProperty(styleProperties(element.getAttribute("style") || ""), key.toUpperCase());
         return property ? property[1] : "";
     }
 

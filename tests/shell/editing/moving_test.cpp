@@ -31,6 +31,29 @@ class Moving : public EditingFixture {
         return selection.element ? selection.element->box : QRect();
     }
 
+    // The box of a named element on the page, whatever it is placed by.
+    QRect shown(const QString& name) {
+        const QVariantList r = evaluate(
+                                   uR"((() => {
+            const r = document.querySelector("[name=%1]").getBoundingClientRect();
+            return [r.left, r.top, r.width, r.height].map(Math.round);
+        })())"_s.arg(name))
+                                   .toList();
+        return r.size() == 4 ? QRect(r[0].toInt(), r[1].toInt(), r[2].toInt(), r[3].toInt()) : QRect();
+    }
+
+    void move_mouse(QPoint place, Qt::MouseButtons held) {
+        QWidget* view = editor_.view()->focusProxy();
+        QMouseEvent move(QEvent::MouseMove, place, view->mapToGlobal(place), Qt::NoButton, held, {});
+        QCoreApplication::sendEvent(view, &move);
+        settle();
+    }
+
+    QString selected_tag() {
+        const Selection selection = editor_.selection();
+        return selection.element ? selection.element->tag : QString();
+    }
+
     QString level(const QString& name) {
         editor_.select_element(name);
         return editor_.selection().element->z_index;
@@ -77,6 +100,135 @@ TEST_F(Moving, UnitlessPlacesAndForeignPropertiesAreKept) {
         << qPrintable(body());
 }
 
+TEST_F(Moving, WhateverPlacesAnElementItFollowsTheMouseAndKeepsItsSize) {
+    const struct {
+        QString page;
+        QString style;
+    } cases[] = {
+        {u""_s, u"right:300px; top:100px"_s},
+        {u""_s, u"left:20%; right:200px; bottom:300px"_s},
+        {u""_s, u"left:50px; left:300px; top:100px"_s},
+        {u""_s, u"left:300px !important; top:100px; left:50px"_s},
+        {u"<style>[name=e] { right:200px; top:100px }</style>"_s, u""_s},
+        {u"<div style='position:absolute; left:200px; top:100px; width:400px; height:300px; transform:scale(0.5)'>"_s,
+         u"left:40px; top:40px"_s},
+        {u"<div dir=rtl>"_s, u"left:300px; right:100px; top:100px; width:80px"_s},
+        {u"<div style='height:2000px'></div>"_s, u"position:fixed; left:300px; top:100px"_s},
+    };
+    for (const auto& [page, style] : cases) {
+        load_elements(page +
+                      u"<div name=e style='position:absolute; background:lime; %1'>some words</div>"_s.arg(style));
+        const QRect before = shown(u"e"_s);
+        const QPoint inside = before.center();
+        drag(inside, inside + QPoint(-40, 30), Qt::AltModifier);
+        EXPECT_NEAR(shown(u"e"_s).left(), before.left() - 40, 1) << qPrintable(page + style);
+        EXPECT_NEAR(shown(u"e"_s).top(), before.top() + 30, 1) << qPrintable(page + style);
+        EXPECT_NEAR(shown(u"e"_s).width(), before.width(), 1) << qPrintable(page + style);
+        EXPECT_NEAR(shown(u"e"_s).height(), before.height(), 1) << qPrintable(page + style);
+    }
+}
+
+TEST_F(Moving, NothingIsDraggedOutOfThePageButWithinItEverywhere) {
+    const struct {
+        QString page;
+        QString place;
+        QPoint by, expected;
+    } cases[] = {
+        {u""_s, u"left:-20px; top:10px"_s, {5, 5}, {-15, 15}},
+        {u""_s, u"left:-20px; top:10px"_s, {-9, -50}, {-20, 0}},
+        {u"<div style='position:absolute; left:100px; top:100px; width:200px; height:200px'>"_s,
+         u"left:20px; top:20px"_s,
+         {-50, -200},
+         {70, 0}},
+        {u"<style>body { position:relative; width:500px; margin:0 auto }</style>"_s,
+         u"left:10px; top:10px"_s,
+         {-60, 0},
+         {150, 10}},
+    };
+    for (const auto& row : cases) {
+        load_elements(row.page + u"<img name=e src=a.png style='position:absolute; %1'>"_s.arg(row.place));
+        const QPoint from = shown(u"e"_s).center();
+        drag(from, from + row.by, Qt::AltModifier);
+        EXPECT_EQ(shown(u"e"_s).topLeft(), row.expected) << shown(u"e"_s).x() << ' ' << shown(u"e"_s).y();
+    }
+}
+
+TEST_F(Moving, OnlyTheHeldLeftButtonDrags) {
+    load_elements(picture(u"a"_s, 100, 100));
+    click(kInside);
+    const QString before = editor_.text();
+    QWidget* view = editor_.view()->focusProxy();
+    QTest::mousePress(view, Qt::RightButton, {}, {160, 120});
+    move_mouse({250, 120}, Qt::RightButton);
+    QTest::mouseRelease(view, Qt::RightButton, {}, {250, 120});
+    settle();
+    EXPECT_EQ(editor_.text(), before);
+    QTest::mousePress(view, Qt::LeftButton, {}, kInside);
+    move_mouse({230, 220}, Qt::LeftButton);
+    const QString dragged = editor_.text();
+    EXPECT_NE(dragged, before);
+    move_mouse({400, 400}, Qt::NoButton);  // let go outside of the window
+    EXPECT_EQ(editor_.text(), dragged);
+    QTest::mouseRelease(view, Qt::LeftButton, {}, {400, 400});
+}
+
+TEST_F(Moving, HeldAtTheEdgeItScrollsOn) {
+    load_elements(u"<div style='height:3000px'></div>"_s + picture(u"a"_s, 100, 100));
+    QWidget* view = editor_.view()->focusProxy();
+    QTest::mousePress(view, Qt::LeftButton, {}, kInside);
+    move_mouse({130, 400}, Qt::LeftButton);
+    move_mouse({130, 695}, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return evaluate(u"scrollY"_s).toInt() > 150; }, 10000));
+    QTest::mouseRelease(view, Qt::LeftButton, {}, {130, 695});
+    settle();
+    EXPECT_NEAR(shown(u"a"_s).top(), 675, 6);
+    const QString left = editor_.text();
+    QTest::qWait(100);
+    EXPECT_EQ(editor_.text(), left);
+    click({895, 300});
+    EXPECT_EQ(selected_tag(), u"IMG"_s) << "a click on the scroll bar deselects";
+}
+
+TEST_F(Moving, ATinyPictureCanBeDragged) {
+    make_picture(u"dot.png"_s, {8, 8});
+    load_elements(u"<img name=e src=dot.png style='position:absolute; left:100px; top:100px'>"_s);
+    drag({101, 101}, {121, 101}, Qt::AltModifier);
+    drag({126, 106}, {146, 106}, Qt::AltModifier);  // it has handles now
+    EXPECT_EQ(shown(u"e"_s), QRect(140, 100, 8, 8));
+}
+
+TEST_F(Moving, FramesAndPlayersAreSelectedNotWorked) {
+    ASSERT_TRUE(write_text_file(path(u"inner.htm"_s), u"<a href=other.htm><h1>away</h1><h1>away</h1></a>"_s,
+                                TextEncoding::kUtf8));
+    load_elements(
+        u"<noscript><h1>No scripts</h1></noscript><p name=p>text</p>"
+        "<iframe src=inner.htm style='position:absolute; left:100px; top:100px; width:200px; height:100px'></iframe>"
+        "<video controls style='position:absolute; left:400px; top:100px; width:200px; height:100px'></video>"_s +
+        picture(u"over"_s, 110, 110));
+    EXPECT_LT(shown(u"p"_s).top(), 20) << "NOSCRIPT is shown";
+    EXPECT_TRUE(body().contains(u"No scripts"_s));
+    const struct {
+        QPoint place;
+        QString tag;
+    } clicks[] = {{{190, 170}, u"IFRAME"_s}, {{430, 185}, u"VIDEO"_s}, {{130, 120}, u"IMG"_s}, {{20, 15}, {}}};
+    for (const auto& [place, tag] : clicks) {
+        double_click(place);
+        EXPECT_EQ(selected_tag(), tag);
+    }
+    key(Qt::Key_F6);
+    EXPECT_EQ(selected_tag(), u"IFRAME"_s);
+    EXPECT_FALSE(editor_.modified());
+}
+
+TEST_F(Moving, APagesRulesAboutStylesLeaveTheHandles) {
+    load(
+        u"<head><meta http-equiv=Content-Security-Policy content=\"default-src 'self'\"></head>"
+        "<body><img name=a src=a.png width=60 height=40>"_s);
+    click({30, 20});
+    drag({68, 28}, {98, 28}, Qt::AltModifier);
+    EXPECT_EQ(shown(u"a"_s), QRect(8, 8, 90, 40));
+}
+
 TEST_F(Moving, SnapsToOthersUnlessAltIsHeld) {
     load_elements(picture(u"a"_s, 100, 100) + picture(u"b"_s, 300, 300));
     drag(kInside, kInside + QPoint(0, 196));
@@ -84,6 +236,8 @@ TEST_F(Moving, SnapsToOthersUnlessAltIsHeld) {
     EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
     drag(kInside, kInside + QPoint(0, 196), Qt::AltModifier);
     EXPECT_EQ(box().topLeft(), QPoint(100, 296));
+    drag({130, 316}, {280, 318}, Qt::ShiftModifier);
+    EXPECT_EQ(box().top(), 296) << "Shift holds the other axis";
 }
 
 TEST_F(Moving, EscapeDuringADragPutsItBack) {
@@ -91,10 +245,7 @@ TEST_F(Moving, EscapeDuringADragPutsItBack) {
     const QString before = editor_.text();
     QWidget* view = editor_.view()->focusProxy();
     QTest::mousePress(view, Qt::LeftButton, {}, kInside);
-    QMouseEvent move(QEvent::MouseMove, QPoint(200, 200), view->mapToGlobal(QPoint(200, 200)), Qt::NoButton,
-                     Qt::LeftButton, {});
-    QCoreApplication::sendEvent(view, &move);
-    settle();
+    move_mouse({200, 200}, Qt::LeftButton);
     EXPECT_NE(editor_.text(), before);
     key(Qt::Key_Escape);
     QTest::mouseRelease(view, Qt::LeftButton, {}, QPoint(200, 200));
@@ -112,7 +263,9 @@ TEST_F(Moving, HandlesSizeCornersInProportion) {
     EXPECT_EQ(box(), QRect(100, 100, 180, 80));
     drag({100, 100}, {110, 120}, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_EQ(box(), QRect(110, 120, 170, 60));
-    for (int i = 0; i < 3; ++i) EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    drag({280, 180}, {195, 180}, Qt::AltModifier);
+    EXPECT_EQ(box(), QRect(110, 120, 85, 30));
+    for (int i = 0; i < 4; ++i) EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
     EXPECT_EQ(body(), picture(u"a"_s, 100, 100));
 }
 
@@ -157,21 +310,41 @@ TEST_F(Moving, APictureInTheTextGetsAPlaceOfItsOwn) {
     EXPECT_EQ(editor_.status(EditCommand::kMakeAbsolute), CommandStatus::kLatched);
 }
 
-TEST_F(Moving, LevelsAreRaisedAndLoweredPastOneNeighbour) {
-    load_elements(picture(u"a"_s, 10, 10, u"Z-INDEX: 5; "_s) + picture(u"b"_s, 100, 10, u"Z-INDEX: 7; "_s) +
-                  picture(u"c"_s, 200, 10, u"Z-INDEX: 9; "_s));
-    editor_.select_element(u"a"_s);
-    EXPECT_TRUE(editor_.execute(EditCommand::kBringForward));
-    EXPECT_EQ((QStringList{level(u"a"_s), level(u"b"_s), level(u"c"_s)}), (QStringList{u"7"_s, u"5"_s, u"9"_s}));
-    editor_.select_element(u"b"_s);
-    EXPECT_TRUE(editor_.execute(EditCommand::kBringToFront));
-    EXPECT_EQ(level(u"b"_s), u"10"_s);
-    EXPECT_TRUE(editor_.execute(EditCommand::kSendToBack));
-    EXPECT_EQ(level(u"b"_s), u"6"_s);
-    EXPECT_TRUE(editor_.execute(EditCommand::kSendBelowText));
-    EXPECT_EQ(level(u"b"_s), u"-6"_s);
-    EXPECT_TRUE(editor_.execute(EditCommand::kBringAboveText));
-    EXPECT_EQ(level(u"b"_s), u"6"_s);
+TEST_F(Moving, LevelsChangeOnTheirSideOfTheText) {
+    using enum EditCommand;
+    const struct {
+        QStringList before;  // levels of a, b and c
+        QString name;
+        EditCommand command;
+        QStringList after;
+    } cases[] = {
+        {{u"5"_s, u"7"_s, u"9"_s}, u"a"_s, kBringForward, {u"7"_s, u"5"_s, u"9"_s}},
+        {{u"5"_s, u"5"_s, u"5"_s}, u"a"_s, kBringForward, {u"6"_s, u"5"_s, u"6"_s}},
+        {{u"7"_s, u"7"_s, u"5"_s}, u"c"_s, kBringForward, {u"5"_s, u"8"_s, u"7"_s}},
+        {{u"5"_s, u"7"_s, u"9"_s}, u"c"_s, kBringToFront, {u"5"_s, u"7"_s, u"9"_s}},
+        {{u"5"_s, u"7"_s, u"9"_s}, u"b"_s, kBringToFront, {u"5"_s, u"10"_s, u"9"_s}},
+        {{u"5"_s, u"7"_s, u"9"_s}, u"b"_s, kSendToBack, {u"5"_s, u"4"_s, u"9"_s}},
+        {{u"1"_s, u"2"_s, u"9"_s}, u"c"_s, kSendToBack, {u"2"_s, u"2"_s, u"1"_s}},
+        {{u"-1"_s, u"-1"_s, u"4"_s}, u"a"_s, kBringForward, {u"-1"_s, u"-2"_s, u"4"_s}},
+        {{u"-1"_s, u"-1"_s, u"4"_s}, u"b"_s, kSendBackward, {u"-1"_s, u"-2"_s, u"4"_s}},
+        {{u"-3"_s, u"-1"_s, u"4"_s}, u"a"_s, kBringToFront, {u"-1"_s, u"-2"_s, u"4"_s}},
+        {{u"-3"_s, u"-1"_s, u"4"_s}, u"b"_s, kSendToBack, {u"-3"_s, u"-4"_s, u"4"_s}},
+        {{u"830"_s, u"-5"_s, u"4"_s}, u"a"_s, kBringAboveText, {u"830"_s, u"-5"_s, u"4"_s}},
+        {{u"830"_s, u"-5"_s, u"4"_s}, u"b"_s, kSendBelowText, {u"830"_s, u"-5"_s, u"4"_s}},
+        {{u"830"_s, u"-5"_s, u"4"_s}, u"a"_s, kSendBelowText, {u"-830"_s, u"-5"_s, u"4"_s}},
+        {{u"830"_s, u"-5"_s, u"4"_s}, u"b"_s, kBringAboveText, {u"830"_s, u"5"_s, u"4"_s}},
+    };
+    for (const auto& row : cases) {
+        QString markup;
+        for (int i = 0; i < 3; ++i)
+            markup += picture(QString(u"abc"[i]), 10 + 100 * i, 10, u"Z-INDEX: %1; "_s.arg(row.before[i]));
+        load_elements(markup);
+        editor_.select_element(row.name);
+        EXPECT_TRUE(editor_.execute(row.command));
+        EXPECT_EQ((QStringList{level(u"a"_s), level(u"b"_s), level(u"c"_s)}), row.after)
+            << qPrintable(row.before.join(u' ') + u": "_s + row.name) << ' ' << static_cast<int>(row.command)
+            << qPrintable(u" gives "_s + level(u"a"_s) + u' ' + level(u"b"_s) + u' ' + level(u"c"_s));
+    }
 }
 
 TEST_F(Moving, PastedAtEndIsSelectedAndReplacedInPlace) {
