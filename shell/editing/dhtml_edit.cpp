@@ -94,9 +94,10 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
     layout->addWidget(view_);
     setFocusProxy(view_);
 
-    connect(view_, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { emit contextMenuRequested(view_->mapToGlobal(place)); });
     // Queued: a question to the script must not be asked from within the engine's own call.
+    connect(
+        view_, &QWidget::customContextMenuRequested, this,
+        [this](const QPoint& place) { emit contextMenuRequested(view_->mapToGlobal(place)); }, Qt::QueuedConnection);
     const auto tell = [this] {
         if (!tell_state_.isActive()) tell_state_.start(kTellStateAfter);
     };

@@ -53,6 +53,7 @@ PickerForm::PickerForm(Workbench& workbench, const PickerTexts& texts, const QLi
         item->setData(Qt::UserRole, entry.value);
         if (texts.pictures) item->setIcon(preview(entry.picture));
     }
+    list_->installEventFilter(this);
     connect(list_, &QListWidget::itemDoubleClicked, this, &PickerForm::accept);
     auto* prompt = new QLabel(texts.prompt);
     prompt->setBuddy(list_);
@@ -80,6 +81,20 @@ void PickerForm::accept() {
     if (!choice().isEmpty()) return QDialog::accept();
     workbench_.prompts().tell(refusal_);
     list_->setFocus();
+}
+
+bool PickerForm::eventFilter(QObject* watched, QEvent* event) {
+    // The first arrow key chooses the entry that has the focus; without this the only entry of a list could not be
+    // reached.
+    if (watched == list_ && event->type() == QEvent::KeyPress && choice().isEmpty() &&
+        list_->currentItem() != nullptr) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right) {
+            list_->currentItem()->setSelected(true);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void PickerForm::show_as_pictures() {

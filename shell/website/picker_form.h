@@ -44,6 +44,8 @@ class PickerForm : public QDialog {
     void accept() override;
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     [[nodiscard]] QListWidget& list() const { return *list_; }
 
     /// Shows a line about the chosen entry below the list.

@@ -85,6 +85,21 @@ TEST_F(Trust, ThePublishedPageShowsElementsWhereTheControlDoes) {
     }
 }
 
+TEST_F(Trust, TheRightClickSelectsAndMayAsk) {
+    make_picture(u"a.png"_s, {60, 40});
+    load(u"<body><img name=a src=a.png style=\"position:absolute; left:100; top:100\"></body>"_s);
+    QString selected;
+    QElapsedTimer time;
+    QObject::connect(&editor_, &DHTMLEdit::contextMenuRequested, &editor_, [&] {
+        time.start();
+        selected = editor_.selection().element->name;
+        EXPECT_LT(time.elapsed(), 20000) << "the question waited for an answer that never came";
+    });
+    QTest::mouseClick(editor_.view()->focusProxy(), Qt::RightButton, {}, {120, 120});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !selected.isEmpty(); }, 70000));
+    EXPECT_EQ(selected, u"a"_s);
+}
+
 TEST_F(Trust, ADeadEngineIsAskedWithoutWaiting) {
     load(u"<body><p>text</p></body>"_s);
     QObject::connect(
