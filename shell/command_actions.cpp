@@ -28,6 +28,8 @@ bool is_enabled(const Command& command, const Situation& situation) {
             return situation.website;
         case Enabled::kEditing:
             return situation.editing;
+        case Enabled::kElement:  // only a selected element has a status for this
+            return situation.editing && situation.editor.can(EditCommand::kMakeAbsolute);
         case Enabled::kEditorStatus:
             return situation.editing && command.editor_command && situation.editor.can(*command.editor_command);
         case Enabled::kModified:

@@ -20,7 +20,7 @@ struct Help {
 };
 
 /// When a command can be chosen.
-enum class Enabled { kAlways, kWebsite, kEditing, kEditorStatus, kModified };
+enum class Enabled { kAlways, kWebsite, kEditing, kElement, kEditorStatus, kModified };
 
 /// One command of the program: menus and toolbar are built from these rows. `menu` is the path of the menu that holds
 /// it ("Insert", "Page/Background"); an empty one is reached by toolbar or keyboard only. Rows of one menu stand in

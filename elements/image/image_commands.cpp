@@ -102,8 +102,7 @@ const QList<Command>& image_commands() {
          .caption = u"Image &Size..."_s,
          .menu = u"Format"_s,
          .help = size_help(),
-         .when = Enabled::kEditorStatus,
-         .editor_command = EditCommand::kHyperlink,
+         .when = Enabled::kElement,
          .run = fDimm_Imm},
     };
     return kCommands;
