@@ -6,8 +6,8 @@ pondera.selection = (() => {
     const kHandles = ["nw", "n", "ne", "e", "se", "s", "sw", "w"];
     const kPictures = "img, embed, object, video, iframe, input[type=image]";
     const kPlayers = "iframe, video, audio, embed, object";  // what is inside of them would take the mouse
-    const kSmall = 30;   // px of a side along which the handles would cover the element
-    const kAside = 7;    // px that they stand off then
+    const kSmall = 30;   // px of a side along which three handles have no room
+    const kAside = 7;    // px that the frame then stands off
 
     // Sheets that no page's rules about styles can refuse, and that are not part of the document.
     function sheet(rules) {
@@ -128,11 +128,10 @@ pondera.selection = (() => {
         frame.style.display = control ? "block" : "none";
         if (!control) return;
         const box = inHost(control.getBoundingClientRect());
-        const narrow = box.width < kSmall, low = box.height < kSmall;
-        frame.classList.toggle("narrow", narrow);
-        frame.classList.toggle("low", low);
-        if (narrow) [box.left, box.width] = [box.left - kAside, box.width + 2 * kAside];
-        if (low) [box.top, box.height] = [box.top - kAside, box.height + 2 * kAside];
+        if (box.width < kSmall) [box.left, box.width] = [box.left - kAside, box.width + 2 * kAside];
+        if (box.height < kSmall) [box.top, box.height] = [box.top - kAside, box.height + 2 * kAside];
+        frame.classList.toggle("narrow", box.width < kSmall);
+        frame.classList.toggle("low", box.height < kSmall);
         for (const side of ["left", "top", "width", "height"]) frame.style[side] = box[side] + "px";
         frame.classList.toggle("locked", isLocked(control));
     }
