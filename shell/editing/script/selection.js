@@ -4,7 +4,8 @@
 
 pondera.selection = (() => {
     const kHandles = ["nw", "n", "ne", "e", "se", "s", "sw", "w"];
-    const kPictures = "img, embed, object, video, iframe, input[type=image]";
+    // What is one piece and has no text of the page's: pictures, players, and the fields of a form, whose entries are the visitors'.
+    const kPieces = "img, embed, object, video, iframe, input, textarea, select, button";
     const kPlayers = "iframe, video, audio, embed, object";  // what is inside of them would take the mouse
     const kSmall = 30;   // px of a side along which three handles have no room
     const kAside = 7;    // px that the frame then stands off
@@ -49,7 +50,7 @@ pondera.selection = (() => {
     function pick(node) {
         const element = node && (node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement);
         if (!element || !document.body || !document.body.contains(element) || element === document.body) return null;
-        const picture = element.closest(kPictures);
+        const picture = element.closest(kPieces);
         const positioned = positionedAround(element);
         if (positioned && positioned === entered) return picture;
         return positioned || picture;
@@ -167,7 +168,7 @@ pondera.selection = (() => {
 
     // Puts the caret into the text of the selected element.
     function enter(element, x, y) {
-        if (element.matches(kPictures)) return;
+        if (element.matches(kPieces)) return;
         select(null);
         entered = element;
         const caret = document.caretRangeFromPoint(x, y);
@@ -204,7 +205,7 @@ pondera.selection = (() => {
 
     // The elements that a click can select, in document order.
     function selectable() {
-        return [...document.body.querySelectorAll("*")].filter(e => e.matches(kPictures) ? pick(e) === e : isPositioned(e));
+        return [...document.body.querySelectorAll("*")].filter(e => e.matches(kPieces) ? pick(e) === e : isPositioned(e));
     }
 
     function textRange() {

@@ -360,6 +360,15 @@ TEST_F(Moving, PastedAtEndIsSelectedAndReplacedInPlace) {
     EXPECT_EQ(editor_.selection().element->box.topLeft(), QPoint(30, 30));
 }
 
+TEST_F(Moving, AFormsFieldIsOnePieceAndTakesNoText) {
+    load_elements(u"<p><input name=field value=v> text</p>"_s);
+    click({30, 30});
+    ASSERT_EQ(editor_.selection().type, SelectionType::kControl);
+    EXPECT_EQ(editor_.selection().element->name, u"field"_s);
+    type(u"x"_s);
+    EXPECT_FALSE(editor_.modified());
+}
+
 TEST_F(Moving, TextInAPositionedBoxIsEnteredByADoubleClick) {
     load_elements(u"<div style=\"position:absolute; left:100; top:100; width:200; height:80\">words</div>"_s);
     click(kInside);
