@@ -42,11 +42,14 @@ FileError file_error_of(const QFileDevice& file) {
     static constexpr std::array kKnown{EACCES, EPERM,  EROFS,  EISDIR, ENOENT,      ENOTDIR,
                                        EEXIST, ENOSPC, EDQUOT, EINVAL, ENAMETOOLONG};
     const QString reason = file.errorString();
+    const QFileInfo info(file.fileName());
+    // QSaveFile finds out by itself that a file is write-protected, and says so in its own words.
+    const bool is_protected = file.error() == QFileDevice::WriteError && info.exists() && !info.isWritable();
     FaultNumber number = FaultNumber::kUnexpected;
     const auto* known = std::ranges::find_if(kKnown, [&](int error) { return qt_error_string(error) == reason; });
     if (known != kKnown.end())
         number = fault_of_errno(*known);
-    else if (file.error() == QFileDevice::PermissionsError || QFileInfo(file.fileName()).isDir())
+    else if (file.error() == QFileDevice::PermissionsError || info.isDir() || is_protected)
         number = FaultNumber::kPermissionDenied;
     return {number, QDir::toNativeSeparators(file.fileName()), reason};
 }

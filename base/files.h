@@ -9,7 +9,7 @@ class QSaveFile;
 
 namespace pondera {
 
-/// Writes all of `bytes` through to the disk, so that a disk that is full by then is noticed before the file takes its
+/// Hands all of `bytes` to the system, so that a disk that is full by then is noticed before the file takes its
 /// name: QSaveFile by itself accepts a short write.
 [[nodiscard]] FileResult<void> write_whole(QSaveFile& file, QByteArrayView bytes);
 

@@ -15,11 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A file system of one megabyte, or one that is mounted read-only. Mounting needs root.
+/// A file system of one megabyte. Mounting needs root.
 class MountedDisk {
   public:
-    explicit MountedDisk(unsigned long flags)
-        : mounted_(mount("tmpfs", folder_.path().toUtf8().constData(), "tmpfs", flags, "size=1m") == 0) {}
+    MountedDisk() : mounted_(mount("tmpfs", folder_.path().toUtf8().constData(), "tmpfs", 0, "size=1m") == 0) {}
     ~MountedDisk() {
         if (mounted_) umount(folder_.path().toUtf8().constData());
     }
@@ -27,6 +26,9 @@ class MountedDisk {
     MountedDisk& operator=(const MountedDisk&) = delete;
 
     [[nodiscard]] bool mounted() const { return mounted_; }
+    [[nodiscard]] bool make_read_only() const {
+        return mount(nullptr, folder_.path().toUtf8().constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+    }
     [[nodiscard]] QString file(const QString& name) const { return folder_.filePath(name); }
 
   private:
@@ -35,7 +37,7 @@ class MountedDisk {
 };
 
 TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
-    const MountedDisk disk(0);
+    const MountedDisk disk;
     if (!disk.mounted()) GTEST_SKIP() << "mounting a small disk needs root";
     const QString page = disk.file(u"page.htm"_s);
     ASSERT_TRUE(write_file(page, "old page"));
@@ -56,10 +58,16 @@ TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
     EXPECT_EQ(read_file(page).value(), "old page");
 }
 
-TEST(Files, ReadOnlyDiskIsPermissionDenied) {
-    const MountedDisk disk(MS_RDONLY);
+TEST(Files, WriteProtectedIsPermissionDenied) {
+    const MountedDisk disk;
+    const QString page = disk.file(u"page.htm"_s);
+    ASSERT_TRUE(write_file(page, "old page"));
+    ASSERT_TRUE(disk.mounted() ? disk.make_read_only() : QFile::setPermissions(page, QFile::ReadOwner));
+    EXPECT_EQ(write_file(page, "x").error().number, FaultNumber::kPermissionDenied);
+    EXPECT_EQ(copy_file(page, page, IfExists::kReplace).error().number, FaultNumber::kPermissionDenied);
+    EXPECT_EQ(read_file(page).value(), "old page");
     if (!disk.mounted()) GTEST_SKIP() << "mounting a read-only disk needs root";
-    EXPECT_EQ(write_file(disk.file(u"page.htm"_s), "x").error().number, FaultNumber::kPermissionDenied);
+    EXPECT_EQ(write_file(disk.file(u"new.htm"_s), "x").error().number, FaultNumber::kPermissionDenied);
     EXPECT_EQ(create_folder(disk.file(u"Shop"_s)).error().number, FaultNumber::kPermissionDenied);
 }
 
