@@ -2,7 +2,7 @@
 
 #include <QUrl>
 
-#include <array>
+#include <algorithm>
 
 #include "base/text.h"
 #include "elements/tag_walk.h"
@@ -49,23 +49,33 @@ QString with_joined_anchors(const QString& text, const QString& line_break) {
     return replace_all(text, u'<' + line_break + u"A "_s, u"<A "_s);
 }
 
-/// "'_4" and "?_4" are what some code pages left of "§_4". They are meant where a file name begins: not where a quote
-/// opens a script argument ("esempio('_4_...") or an attribute's value, and not where "?" begins an address's query
-/// ("list.php?_4=1").
-bool is_damaged_mark(QStringView text, qsizetype at) {
-    if (text[at] == u'?') return !character_before(text, at).isLetterOrNumber();
-    const QStringView before = text.first(at).last(std::min<qsizetype>(at, 16)).trimmed();
-    return before.isEmpty() || !QStringView(u"(,=[+:").contains(before.back());
+/// True inside an address such as "http://host/?_4_=1", in which "?" begins a query.
+bool is_in_web_address(QStringView text, qsizetype at) {
+    constexpr qsizetype kFarthestHost = 256;
+    for (qsizetype i = at - 1; i >= std::max<qsizetype>(2, at - kFarthestHost); --i) {
+        if (text[i] == u'"' || text[i] == u'\'' || text[i].isSpace()) return false;
+        if (text[i] == u'/' && text[i - 1] == u'/' && text[i - 2] == u':') return true;
+    }
+    return false;
 }
 
-/// A page's kind code follows: "/?_4_Menu.htm", but not the query of "http://host/?_lang=it".
-bool begins_page_name(QStringView text, qsizetype at) {
+/// "'_4" and "?_4" are what some code pages left of "§_4". They are meant where a file name begins: directly behind the
+/// quote of an attribute or behind a folder. Any other quote is a script's own ("esempio('_4_...", "return '_4_...").
+bool is_damaged_mark(QStringView text, qsizetype at) {
+    const QChar before = character_before(text, at);
+    const bool begins_name = before == u'"' || before == u'\'' || before == u'/';
+    if (text[at] == u'\'') return begins_name;
+    return (begins_name || before == u'=') && !is_in_web_address(text, at);
+}
+
+/// A page's kind code follows: "/?_4_Menu.htm", but not "/?_lang=it".
+bool is_damaged_page_name(QStringView text, qsizetype at) {
     constexpr qsizetype kCodeEnd = 4;
-    return at + kCodeEnd < text.size() && text[at + kCodeEnd] == u'_';
+    return at + kCodeEnd < text.size() && text[at + kCodeEnd] == u'_' && !is_in_web_address(text, at + 1);
 }
 
 QString with_repaired_marks(const QString& text) {
-    QString result = replace_where(text, u"/?_"_s, u"/_", begins_page_name);
+    QString result = replace_where(text, u"/?_"_s, u"/_", is_damaged_page_name);
     for (const auto& mark : {u"'_4"_s, u"?_4"_s, u"'_2"_s, u"?_2"_s, u"'_3"_s, u"'_y"_s, u"?_y"_s})
         result = replace_where(result, mark, QStringView(mark).sliced(1), is_damaged_mark);
     return result;
@@ -84,36 +94,49 @@ QString with_own_links_relative(const QString& text, const QString& website) {
     return result;
 }
 
-/// Gives the value that a handler's call ends its closing quote, unless the value is quoted whole already.
-QString with_quoted_call(QString tag, const QString& call) {
-    for (qsizetype at = tag.indexOf(call); at >= 0; at = tag.indexOf(call, at + call.size())) {
-        const qsizetype end = at + call.size();
-        if (character_before(tag, at) == u'=') {
-            tag.insert(end, u'"').insert(at, u'"');
-            continue;
-        }
-        const qsizetype opening = at == 0 ? -1 : tag.lastIndexOf(u'"', at - 1);
-        const bool is_opened = opening > 0 && tag[opening - 1] == u'=';
-        const qsizetype closing = tag.indexOf(u'"', end);
-        const bool is_closed = closing >= 0 && tag[closing - 1] != u'=';
-        if (is_opened && !is_closed) tag.insert(end, u'"');
+/// Where the first call of the boxes' functions at or behind `from` ends, -1 when there is none.
+qsizetype call_end(QStringView text, qsizetype from) {
+    qsizetype first = -1;
+    for (const QStringView call : {u"ChiamaMotore();", u"ClickArea();"}) {
+        const qsizetype at = text.indexOf(call, from);
+        if (at >= 0 && (first < 0 || at + call.size() < first)) first = at + call.size();
     }
-    return tag;
+    return first;
+}
+
+/// A tag with its handlers of the search and login boxes quoted: an unquoted value as a whole; and one that has its
+/// opening quote only, so that it runs on into the next value's, behind the call.
+QString tag_with_quoted_handlers(QStringView tag) {
+    QString result;
+    qsizetype copied = 0;
+    const auto quote_at = [&](qsizetype place) {
+        result.append(tag.first(place).sliced(copied)).append(u'"');
+        copied = place;
+    };
+    AttributeScan attributes(tag, tag_name_end(tag));
+    while (const auto place = attributes.next()) {
+        const QStringView value = tag.first(place->value_end).sliced(place->value_begin);
+        const qsizetype call = call_end(value, 0);
+        if (place->quote.isNull() && (call >= 0 || value.startsWith(u"k=(document.all)"))) {
+            if (!value.startsWith(u'"')) quote_at(place->value_begin);
+            quote_at(place->value_end);
+        } else if (place->quote == u'"' && call >= 0 && value.trimmed().endsWith(u'=')) {
+            quote_at(place->value_begin + call);
+            attributes.move_to(place->value_begin + call);
+        }
+    }
+    return result.append(tag.sliced(copied));
 }
 
 /// Quotes the event handlers of the search and login boxes, whose attributes an editing control leaves unquoted.
 QString with_quoted_handlers(const QString& text) {
-    static const std::array kCalls{u"ChiamaMotore();"_s, u"ClickArea();"_s};
     QString result;
     qsizetype copied = 0;
     TagWalk walk(text);
     while (const auto place = walk.next()) {
-        const QString tag = text.sliced(place->begin, place->end - place->begin);
-        QString quoted = tag;
-        quoted.replace(u"=k=(document.all)"_s, u"=\"k=(document.all)"_s);
-        for (const QString& call : kCalls) quoted = with_quoted_call(quoted, call);
-        if (quoted == tag) continue;
-        result.append(QStringView(text).sliced(copied, place->begin - copied)).append(quoted);
+        const QStringView tag = QStringView(text).first(place->end).sliced(place->begin);
+        if (call_end(tag, 0) < 0) continue;
+        result.append(QStringView(text).first(place->begin).sliced(copied)).append(tag_with_quoted_handlers(tag));
         copied = place->end;
     }
     return copied == 0 ? text : result.append(QStringView(text).sliced(copied));

@@ -1,6 +1,7 @@
 #include "elements/tag_walk.h"
 
 #include <algorithm>
+#include <array>
 
 namespace pondera {
 
@@ -8,104 +9,116 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::array<QStringView, 5> kTextOnly{u"SCRIPT", u"STYLE", u"TEXTAREA", u"TITLE", u"XMP"};
+
 bool ends_name(QChar c) {
     return c.isSpace() || c == u'>' || c == u'/' || c == u'<' || c == u'=';
 }
 
-bool is_quote(QChar c) {
-    return c == u'"' || c == u'\'';
+bool ends_value(QChar c) {
+    return c.isSpace() || c == u'>' || c == u'<';
+}
+
+/// The place of the first character at or behind `from` for which `ends` holds; the text's end when there is none.
+qsizetype find_end(QStringView text, qsizetype from, bool (*ends)(QChar)) {
+    return std::find_if(text.begin() + from, text.end(), ends) - text.begin();
 }
 
 }  // namespace
 
+AttributeScan::AttributeScan(QStringView text, qsizetype position)
+    : text_(text),
+      position_(position),
+      last_double_quote_(text.lastIndexOf(u'"')),
+      last_single_quote_(text.lastIndexOf(u'\'')) {
+}
+
+std::optional<AttributePlace> AttributeScan::next() {
+    for (;;) {
+        while (position_ < text_.size() && (text_[position_].isSpace() || text_[position_] == u'/')) ++position_;
+        if (at_tag_end()) return std::nullopt;
+        AttributePlace place;
+        place.name_begin = position_;
+        place.name_end = position_ = find_end(text_, position_ + 1, ends_name);
+        skip_blanks();
+        if (at_tag_end() || text_[position_] != u'=') continue;
+        ++position_;
+        skip_blanks();
+        if (opens_value()) {
+            place.quote = text_[position_++];
+            place.value_begin = position_;
+            place.value_end = text_.indexOf(place.quote, position_);
+            position_ = place.value_end + 1;
+        } else {
+            place.value_begin = position_;
+            place.value_end = position_ = find_end(text_, position_, ends_value);
+        }
+        return place;
+    }
+}
+
+bool AttributeScan::at_tag_end() const {
+    return position_ >= text_.size() || text_[position_] == u'>' || text_[position_] == u'<';
+}
+
+void AttributeScan::skip_blanks() {
+    while (position_ < text_.size() && text_[position_].isSpace()) ++position_;
+}
+
+bool AttributeScan::opens_value() const {
+    if (at_tag_end()) return false;
+    return (text_[position_] == u'"' && position_ < last_double_quote_) ||
+           (text_[position_] == u'\'' && position_ < last_single_quote_);
+}
+
 std::optional<TagPlace> TagWalk::next() {
     while ((position_ = text_.indexOf(u'<', position_)) >= 0) {
-        if (text_.sliced(position_).startsWith(u"<!--")) {
-            const qsizetype end = text_.indexOf(u"-->", position_);
+        const QStringView here = text_.sliced(position_);
+        if (here.startsWith(u"<!--")) {
+            const qsizetype end = text_.indexOf(u"-->", position_ + 2);
             position_ = end < 0 ? text_.size() : end + 3;
             continue;
         }
-        TagPlace tag{.begin = position_, .end = position_ + 1, .name = {}, .closed = true};
-        if (tag.end < text_.size() && text_[tag.end] == u'/') ++tag.end;
-        if (tag.end >= text_.size() || !text_[tag.end].isLetter()) {
+        const qsizetype letter = here.startsWith(u"</") ? 2 : 1;
+        if (here.size() <= letter || !here[letter].isLetter()) {
             ++position_;
             continue;
         }
-        const qsizetype name_end = std::find_if(text_.begin() + tag.end, text_.end(), ends_name) - text_.begin();
-        tag.name = text_.sliced(tag.begin + 1, name_end - tag.begin - 1).toString().toUpper();
-        tag.end = name_end;
-        find_end(tag);
+        const qsizetype name_end = tag_name_end(here);
+        TagPlace tag{.begin = position_, .name = here.first(name_end).sliced(1).toString().toUpper()};
+        attributes_.move_to(position_ + name_end);
+        while (attributes_.next()) continue;
+        tag.end = attributes_.position();
+        tag.closed = tag.end < text_.size() && text_[tag.end] == u'>';
+        if (tag.closed) ++tag.end;
         position_ = tag.end;
-        skip_raw_text(tag.name);
+        skip_text_only(tag.name);
         return tag;
     }
     position_ = text_.size();
     return std::nullopt;
 }
 
-void TagWalk::find_end(TagPlace& tag) {
-    bool after_equals = false;
-    for (qsizetype i = tag.end; i < text_.size(); ++i) {
-        const QChar c = text_[i];
-        if (c == u'>' || c == u'<') {
-            tag.closed = c == u'>';
-            tag.end = tag.closed ? i + 1 : i;
-            return;
-        }
-        if (after_equals && is_quote(c) && quotes_pair_) {
-            const qsizetype close = text_.indexOf(c, i + 1);
-            if (close >= 0)
-                i = close;
-            else
-                quotes_pair_ = false;
-        }
-        after_equals = c == u'=' || (after_equals && c.isSpace());
-    }
-    tag.closed = false;
-    tag.end = text_.size();
-}
-
-void TagWalk::skip_raw_text(const QString& name) {
-    if (name != u"SCRIPT" && name != u"STYLE") return;
+void TagWalk::skip_text_only(const QString& name) {
+    if (std::ranges::find(kTextOnly, name) == kTextOnly.end()) return;
     const qsizetype end = text_.indexOf(u"</"_s + name, position_, Qt::CaseInsensitive);
     position_ = end < 0 ? text_.size() : end;
 }
 
+qsizetype tag_name_end(QStringView tag) {
+    return find_end(tag, std::min<qsizetype>(2, tag.size()), ends_name);
+}
+
 std::optional<AttributePlace> find_attribute(QStringView tag, QStringView name) {
-    qsizetype i = std::find_if(tag.begin(), tag.end(), [](QChar c) { return c.isSpace(); }) - tag.begin();
-    const auto skip_blanks = [&] {
-        while (i < tag.size() && tag[i].isSpace()) ++i;
-    };
-    while (i < tag.size()) {
-        skip_blanks();
-        const qsizetype name_begin = i;
-        while (i < tag.size() && !tag[i].isSpace() && tag[i] != u'=' && tag[i] != u'>') ++i;
-        const QStringView found = tag.sliced(name_begin, i - name_begin);
-        skip_blanks();
-        if (i >= tag.size() || tag[i] != u'=') {
-            if (found.isEmpty()) ++i;
-            continue;
-        }
-        ++i;
-        skip_blanks();
-        AttributePlace place;
-        if (i < tag.size() && is_quote(tag[i]) && tag.indexOf(tag[i], i + 1) >= 0) place.quote = tag[i++];
-        place.value_begin = i;
-        if (!place.quote.isNull())
-            place.value_end = tag.indexOf(place.quote, i);
-        else
-            place.value_end =
-                std::find_if(tag.begin() + i, tag.end(), [](QChar c) { return c.isSpace() || c == u'>'; }) -
-                tag.begin();
-        if (found.compare(name, Qt::CaseInsensitive) == 0) return place;
-        i = place.value_end + (place.quote.isNull() ? 0 : 1);
-    }
+    AttributeScan attributes(tag, tag_name_end(tag));
+    while (const auto place = attributes.next())
+        if (tag.first(place->name_end).sliced(place->name_begin).compare(name, Qt::CaseInsensitive) == 0) return place;
     return std::nullopt;
 }
 
 QStringView attribute_value(QStringView tag, QStringView name) {
     const auto place = find_attribute(tag, name);
-    return place ? tag.sliced(place->value_begin, place->value_end - place->value_begin) : QStringView();
+    return place ? tag.first(place->value_end).sliced(place->value_begin) : QStringView();
 }
 
 }  // namespace pondera

@@ -42,11 +42,12 @@ TEST(Markup, StylesGetUpperCaseKeysAndPixels) {
 
 TEST(Markup, TagsAreFoundBySearch) {
     const QString text =
-        u"<!-- <P> --><IMG alt=\"a > b <P>\" src=x><SCRIPT>if(a<b)'<P>'</SCRIPT><B<I>3 < 4<IMG src=y"_s;
+        u"<!-- <P> --><IMG alt=\"a > b <P>\" src=x><SCRIPT>if(a<b)'<P>'</SCRIPT><B<I>3 < 4"
+        u"<HR title='x><HR title=\"a > b\" id=a\"b><IMG src=y"_s;
     QStringList found;
     TagWalk walk(text);
     while (const auto tag = walk.next()) found += tag->name + (tag->closed ? u""_s : u"!"_s);
-    EXPECT_EQ(found, (QStringList{u"IMG"_s, u"SCRIPT"_s, u"/SCRIPT"_s, u"B!"_s, u"I"_s, u"IMG!"_s}));
+    EXPECT_EQ(found, (QStringList{u"IMG"_s, u"SCRIPT"_s, u"/SCRIPT"_s, u"B!"_s, u"I"_s, u"HR"_s, u"HR"_s, u"IMG!"_s}));
 }
 
 TEST(Markup, AttributesAreFoundByName) {
@@ -55,7 +56,8 @@ TEST(Markup, AttributesAreFoundByName) {
         {u"<IMG alt=\"name=no src=no\" NAME=yes src = 'a b'>"_s, u"src"_s, u"a b"_s},
         {u"<IMG data-name=no name=>"_s, u"name"_s, u""_s},
         {u"<TD nowrap width=5>"_s, u"width"_s, u"5"_s},
-        {u"<IMG src=a.gif>"_s, u"src"_s, u"a.gif"_s},
+        {u"<IMG onclick=k=\"x src=no\" src=media/>"_s, u"src"_s, u"no\""_s},
+        {u"<IMG alt=\"a\"src=media/>"_s, u"src"_s, u"media/"_s},
     };
     for (const auto& [tag, name, value] : cases) EXPECT_EQ(attribute_value(tag, name), value) << tag.toStdString();
 }

@@ -31,9 +31,13 @@ TEST(PublishedPage, AddressesAreRepaired) {
         {u"../Shop/?_x_B.htm"_s, u"../Shop/_x_B.htm"_s},
         {u"..\\Shop\\?_1_B.htm"_s, u"../Shop/_1_B.htm"_s},
         {u"javascript:esempio('_4_B.htm',1,2)"_s, u"javascript:esempio('_4_B.htm',1,2)"_s},
+        {u"javascript:f(a?'_4_a':'_2_c'); return '_4_b'; [                          '_y_d']"_s,
+         u"javascript:f(a?'_4_a':'_2_c'); return '_4_b'; [                          '_y_d']"_s},
         {u"javascript:esempio(''_y_B.htm')"_s, u"javascript:esempio('_y_B.htm')"_s},
         {u"http://host/list.php?_4=1"_s, u"http://host/list.php?_4=1"_s},
-        {u"http://host/?_lang=it"_s, u"http://host/?_lang=it"_s},
+        {u"/?_lang=it"_s, u"/?_lang=it"_s},
+        {u"http://host/?_4_a=1"_s, u"http://host/?_4_a=1"_s},
+        {u"http://host/a/?_y=1"_s, u"http://host/a/?_y=1"_s},
         {u"file://server/a.htm"_s, u"server/a.htm"_s},
     };
     for (const auto& [link, repaired] : cases)
@@ -55,6 +59,8 @@ TEST(PublishedPage, HandlersOfTheBoxesAreQuotedOnce) {
     const std::vector<std::pair<QString, QString>> cases{
         {u"<INPUT onkeypress=k=(document.all)?1:2;if(k==13)ChiamaMotore(); type=text>"_s,
          u"<INPUT onkeypress=\"k=(document.all)?1:2;if(k==13)ChiamaMotore();\" type=text>"_s},
+        {u"<A onclick=k=(document.all)?a:b;ChiamaMotore(); title = \"x\">"_s,
+         u"<A onclick=\"k=(document.all)?a:b;ChiamaMotore();\" title = \"x\">"_s},
         {u"<INPUT onclick=ClickArea();><P align=\"left\">"_s, u"<INPUT onclick=\"ClickArea();\"><P align=\"left\">"_s},
         {u"<INPUT onclick=\"ClickArea(); type=button value=\"Go\">"_s,
          u"<INPUT onclick=\"ClickArea();\" type=button value=\"Go\">"_s},
@@ -86,6 +92,7 @@ TEST(PublishedPage, ReportsWhatIsNotClosed) {
         {u"<A href=\"a\">1<A href=\"b\">2</A><A href=\"c\">3"_s, {anchor}},
         {u"<IMG src=\"a\" <P>text</P>"_s, {image}},
         {u"<A href=\"a\"><IMG src=\"b\""_s, {image, anchor}},
+        {u"<TITLE>All of <A></TITLE><TEXTAREA><A href=x></TEXTAREA><!--><A href=x></A>"_s, {}},
     };
     for (const auto& [text, reports] : cases) {
         const PublishedPage page = convert(text);
