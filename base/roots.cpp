@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 namespace pondera {
@@ -29,8 +30,9 @@ QString fixed_spelling(const QString& segment, qsizetype depth) {
     return segment;
 }
 
-/// A pattern for one or more separators, either way, plain or percent-encoded.
-const QString kSeparator = uR"((?:[/\\]|%2[Ff]|%5[Cc])+)"_s;
+/// A pattern for one or more separators, either way, plain or percent-encoded. It gives none of them back, so that a
+/// long run of slashes does not exhaust the matcher.
+const QString kSeparator = uR"((?:[/\\]|%2[Ff]|%5[Cc])++)"_s;
 
 /// A pattern for one character of a path in any spelling that markup or a URL gives it.
 QString any_spelling(QStringView character) {
@@ -49,6 +51,29 @@ QString path_pattern(const QString& path) {
     QString pattern;
     for (const char32_t c : path.toStdU32String()) pattern += any_spelling(QString::fromUcs4(&c, 1));
     return pattern + kSeparator;
+}
+
+/// `text`, in the same length, with U+FFFD for each surrogate without its other half: the matcher refuses a text that
+/// holds one.
+QString matchable(QString text) {
+    if (text.isValidUtf16()) return text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else if (text[i].isSurrogate())
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+/// What follows a root, with "/" for the percent-encoded separators up to the end of the address.
+QString with_plain_separators(QStringView rest) {
+    static const QRegularExpression encoded(u"%2F|%5C"_s, QRegularExpression::CaseInsensitiveOption);
+    const auto* end =
+        std::ranges::find_if(rest, [](QChar c) { return c.isSpace() || QStringView(u"\"'<>").contains(c); });
+    const auto length = end - rest.begin();
+    return rest.first(length).toString().replace(encoded, u"/"_s).append(rest.sliced(length));
 }
 
 }  // namespace
@@ -106,7 +131,12 @@ QString Roots::native(const QString& fixed_path) const {
     static const QRegularExpression separators(uR"([/\\]+)"_s);
     const auto match = drive.match(fixed_path);
     if (!match.hasMatch()) return fixed_path;
-    QStringList segments = fixed_path.sliced(match.capturedEnd()).split(separators, Qt::SkipEmptyParts);
+    QStringList segments;
+    for (const QString& segment : fixed_path.sliced(match.capturedEnd()).split(separators, Qt::SkipEmptyParts))
+        if (segment != u"..")
+            segments += segment;
+        else if (!segments.isEmpty())
+            segments.removeLast();
     for (qsizetype depth = 0; depth < segments.size(); ++depth) {
         const QString spelling = fixed_spelling(segments[depth], depth);
         segments[depth] = spelling;
@@ -134,12 +164,21 @@ QString Roots::replace_websites_root(const QString& page_text, const QString& re
     QString result;
     result.reserve(page_text.size());
     qsizetype from = 0;
-    for (auto hits = root.globalMatch(page_text); hits.hasNext();) {
+    const auto append_until = [&](qsizetype end) {
+        const QStringView piece = QStringView(page_text).first(end).sliced(from);
+        if (from == 0)
+            result.append(piece);
+        else
+            result.append(with_plain_separators(piece));
+    };
+    for (auto hits = root.globalMatch(matchable(page_text)); hits.hasNext();) {
         const auto hit = hits.next();
-        result.append(QStringView(page_text).sliced(from, hit.capturedStart() - from)).append(replacement);
+        append_until(hit.capturedStart());
+        result.append(replacement);
         from = hit.capturedEnd();
     }
-    return result.append(QStringView(page_text).sliced(from));
+    append_until(page_text.size());
+    return result;
 }
 
 }  // namespace pondera

@@ -31,7 +31,8 @@ class Roots {
     [[nodiscard]] QString native(const QString& fixed_path) const;
 
     /// `page_text` with every spelling of the Websites root (the fixed one, the native one, as a file: URL,
-    /// percent-encoded or not, slashes either way, any case of the fixed one) replaced by `replacement`.
+    /// percent-encoded or not, slashes either way, any case of the fixed one) replaced by `replacement`,
+    /// and "/" for the percent-encoded separators in the rest of such an address.
     [[nodiscard]] QString replace_websites_root(const QString& page_text, const QString& replacement) const;
 
   private:

@@ -1,6 +1,7 @@
 #include "base/text_file.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
@@ -12,6 +13,8 @@
 #include "base/files.h"
 
 namespace pondera {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,10 +63,10 @@ bool is_ascii(const QByteArray& bytes) {
 
 /// True when the page declares one of the charsets that browsers read as windows-1252.
 bool declares_windows1252(const QByteArray& bytes) {
-    const QByteArray head = bytes.first(std::min<qsizetype>(bytes.size(), 4096)).toLower();
-    return std::ranges::any_of(
-        std::array{"charset=windows-1252", "charset=iso-8859-1", "charset=\"windows-1252", "charset=\"iso-8859-1"},
-        [&](const char* charset) { return head.contains(charset); });
+    static const QRegularExpression declaration(
+        uR"(charset\s*=\s*["']?(windows-1252|x?-?cp1252|iso-8859-1|latin1|(us-)?ascii)(?![\w-]))"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return declaration.match(QString::fromLatin1(bytes.first(std::min<qsizetype>(bytes.size(), 4096)))).hasMatch();
 }
 
 QByteArray encode_with(const QString& text, QStringConverter::Encoding encoding, QByteArrayView mark) {

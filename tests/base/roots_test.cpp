@@ -17,6 +17,7 @@ TEST(Roots, FixedPathsLieBelowTheBaseFolder) {
         {u"c:\\PONDERA_FOLDER\\pondera graphic"_s, u"/home/ann/Pondera_Folder/Pondera Graphic"_s},
         {u"c:\\pondera_folder\\pondera\\ftp_total\\"_s, u"/home/ann/Pondera_Folder/Pondera/FTP_TOTAL"_s},
         {u"C:\\Pondera_Folder\\Pondera\\Shop\\ftp\\a"_s, u"/home/ann/Pondera_Folder/Pondera/Shop/ftp/a"_s},
+        {u"C:\\Pondera_Folder\\..\\..\\etc"_s, u"/home/ann/etc"_s},
         {u"C:\\Documenti"_s, u"/home/ann/Documenti"_s},
         {u"C:\\"_s, u"/home/ann"_s},
         {u"media/img/a.gif"_s, u"media/img/a.gif"_s},
@@ -42,8 +43,8 @@ TEST(Roots, EverySpellingOfTheWebsitesRootIsReplaced) {
              u"file:///home/ann%20%c3%a9%2B%281%29%20%26%20co/Pondera%5fFolder/Pondera/"_s,
              u"file://localhost/home/ann%20é+(1)%20&%20co/Pondera_Folder/Pondera//"_s,
          })
-        EXPECT_EQ(roots.replace_websites_root(u"<IMG src=\"%1Shop/a.gif\">x"_s.arg(spelling), u"..\\"_s),
-                  u"<IMG src=\"..\\Shop/a.gif\">x"_s)
+        EXPECT_EQ(roots.replace_websites_root(u"%2F<IMG src=\"%1Shop%5ca.gif\">%2F"_s.arg(spelling), u"..\\"_s),
+                  u"%2F<IMG src=\"..\\Shop/a.gif\">%2F"_s)
             << spelling.toStdString();
 }
 
@@ -59,6 +60,15 @@ TEST(Roots, OtherPathsStay) {
              u"/SRV/Pondera_Folder/Pondera/a.gif"_s,
          })
         EXPECT_EQ(roots.replace_websites_root(other, u"../"_s), other);
+}
+
+TEST(Roots, NothingInAPageHidesThePathsBehindIt) {
+    const Roots roots(u"/srv/Pondera_Folder"_s);
+    for (const QString& awkward : {QString(QChar(0xD83D)), QString(QChar(0xDE00)), u"file:"_s + QString(100'000, u'/'),
+                                   u"C:/Pondera_Folder"_s + u"%5C"_s.repeated(50'000), u"😀"_s}) {
+        const QString page = awkward + u"\"C:/Pondera_Folder/Pondera/a\""_s;
+        EXPECT_EQ(roots.replace_websites_root(page, {}), awkward + u"\"a\""_s);
+    }
 }
 
 TEST(Roots, AMegabyteIsSearchedInAMoment) {

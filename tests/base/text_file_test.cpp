@@ -36,6 +36,8 @@ TEST(TextFile, EncodingIsReadFromTheBytes) {
         {"overlong \xC0\xAF", u"overlong À¯"_s, TextEncoding::kWindows1252},
         // Only ASCII so far: what the page declares is what its browser will take an accent typed later for.
         {"<META charset=ISO-8859-1>", u"<META charset=ISO-8859-1>"_s, TextEncoding::kWindows1252},
+        {"<META charset = 'CP1252'>", u"<META charset = 'CP1252'>"_s, TextEncoding::kWindows1252},
+        {"<META charset=iso-8859-15>", u"<META charset=iso-8859-15>"_s, TextEncoding::kUtf8},
         {"<META charset=utf-8>", u"<META charset=utf-8>"_s, TextEncoding::kUtf8},
     };
     for (const Case& c : cases) {

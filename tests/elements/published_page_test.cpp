@@ -20,6 +20,7 @@ TEST(PublishedPage, AddressesAreRepaired) {
         {u"file:///c:/pondera_folder/pondera/Caff\u00e8/media/img/a.jpg"_s, u"media/img/a.jpg"_s},
         {u"/home/ann/Pondera_Folder/Pondera/Caff\u00e8/\u00a7_4_B.htm"_s, u"_4_B.htm"_s},
         {u"file:///home/ann/Pondera_Folder/Pondera/Caff%C3%A8/%C2%A7_4_B.htm"_s, u"_4_B.htm"_s},
+        {u"C%3A%5CPondera_Folder%5CPondera%5CCaff%C3%A8%5Cx.jpg"_s, u"x.jpg"_s},
         {u"../caff\u00e8/a.htm"_s, u"a.htm"_s},
         {u"../../Caff\u00e8/a.htm"_s, u"../../Caff\u00e8/a.htm"_s},
         {u"media\\img\\a.jpg"_s, u"media/img/a.jpg"_s},
