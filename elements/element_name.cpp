@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "elements/tag_walk.h"
 
 namespace pondera {
@@ -41,8 +42,9 @@ QString element_name(const QString& file_name) {
 }
 
 QString free_element_name(const QString& file_name, const QString& page) {
-    QString base = element_name(file_name);
-    if (begins_with_media_code(base)) base.prepend(u'x');
+    QString base = without(element_name(file_name), u"\"<>§ç\\");
+    if (base.isEmpty()) base = u"image"_s;
+    if (begins_with_media_code(base) || has_reserved_name(u"name="_s + base)) base.prepend(u'x');
     const QSet<QString> taken = names_of(page);
     QString name = base;
     for (int number = 2; taken.contains(name); ++number) name = base + QString::number(number);
@@ -54,9 +56,7 @@ bool has_reserved_name(QStringView tag) {
 }
 
 bool is_media_placeholder(QStringView tag) {
-    constexpr QStringView kName = u"name=";
-    const qsizetype at = tag.indexOf(kName);
-    return at >= 0 && begins_with_media_code(tag.sliced(at + kName.size()));
+    return begins_with_media_code(attribute_value(tag, u"name"));
 }
 
 }  // namespace pondera

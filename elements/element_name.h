@@ -9,15 +9,16 @@ namespace pondera {
 /// look for.
 [[nodiscard]] QString element_name(const QString& file_name);
 
-/// element_name for a new element of `page`: a name that the page has already gets a number ("marchio2"), and one that
-/// would read as the code of a media placeholder ("S100...") gets an "x" in front.
+/// element_name for a new element of `page` that comes from a file: without the characters " < > \ and the editing
+/// marks, "image" when nothing is left; a name that the page has already gets a number ("marchio2"), and one that would
+/// be read as one of the program's own codes ("S100...", "parco...") gets an "x" in front.
 [[nodiscard]] QString free_element_name(const QString& file_name, const QString& page);
 
 /// True when a tag carries one of the codes of the program's own elements ("name=mr", "name=Tasto_Stampa", ...), which
 /// a save leaves as they are. A plain substring test, as the reproduction routines make it.
 [[nodiscard]] bool has_reserved_name(QStringView tag);
 
-/// True when a tag is a video or audio placeholder: "name=S" and three digits.
+/// True when a tag is a video or audio placeholder: its name begins with "S" and three digits.
 [[nodiscard]] bool is_media_placeholder(QStringView tag);
 
 }  // namespace pondera

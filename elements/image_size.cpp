@@ -13,9 +13,10 @@ namespace {
 
 constexpr int kLeastScore = 3;
 
-/// True when `tag` holds `property` and nothing of its value follows ("LEFT: 10" is not in "LEFT: 100px").
+/// True when `tag` holds `property` as a whole ("LEFT: 10" is neither in "LEFT: 100px" nor in "MARGIN-LEFT: 10px").
 bool holds(const QString& tag, const QString& property) {
     for (qsizetype at = tag.indexOf(property); at >= 0; at = tag.indexOf(property, at + 1)) {
+        if (at > 0 && (tag[at - 1].isLetterOrNumber() || tag[at - 1] == u'-')) continue;
         const QStringView rest = QStringView(tag).sliced(at + property.size());
         if (rest.isEmpty() || rest.startsWith(u"px") || rest[0] == u';' || rest[0] == u' ' || rest[0] == u'"')
             return true;

@@ -27,9 +27,9 @@ QString picture_markup(const PictureInsertion& insertion) {
     QString markup = with_free_level(kTemplate, FzIndex(insertion.page_text));
     markup = with_position(markup, edge, edge);
     if (insertion.size.isValid()) markup = image_with_size(markup, insertion.size);
-    markup.replace(kTemplatePicture, insertion.picture);
     markup.replace(u"<IMG"_s, u"<IMG name=\"%1\""_s.arg(name));
-    return with_picture_level(markup);
+    // The picture's path comes last: it may hold any of the texts that are replaced.
+    return with_picture_level(markup).replace(kTemplatePicture, insertion.picture);
 }
 
 int default_edge(const QString& page_file) {

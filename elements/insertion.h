@@ -17,7 +17,7 @@ struct PictureInsertion {
 };
 
 /// The markup of an image or logo, in the editing control's spelling: free stacking level, default position (10, 10; on
-/// a popup page 0, 0), picture, name, in this order, and at last the rule of level 830.
+/// a popup page 0, 0), name, the rule of level 830 and the picture, in this order.
 [[nodiscard]] QString picture_markup(const PictureInsertion& insertion);
 
 /// How far from the page's left and top edge a new picture is placed.

@@ -23,22 +23,46 @@ struct Property {
     QString value;
 };
 
-/// True when a ";" behind `text` closes a character reference ("&quot").
-bool opens_reference(QStringView text) {
-    const QStringView tail = text.last(std::min<qsizetype>(text.size(), 8));
-    const qsizetype ampersand = tail.lastIndexOf(u'&');
-    return ampersand >= 0 &&
-           std::ranges::all_of(tail.sliced(ampersand + 1), [](QChar c) { return c.isLetterOrNumber() || c == u'#'; });
+/// How many characters of `text` stand for its first one: a character reference ("&quot;") or the character itself.
+qsizetype unit_length(QStringView text) {
+    constexpr qsizetype kLongestReference = 8;
+    if (!text.startsWith(u'&')) return std::min<qsizetype>(1, text.size());
+    const qsizetype semicolon = text.first(std::min(text.size(), kLongestReference)).indexOf(u';');
+    const bool is_reference = semicolon > 0 && std::ranges::all_of(text.first(semicolon).sliced(1), [](QChar c) {
+                                  return c.isLetterOrNumber() || c == u'#';
+                              });
+    return is_reference ? semicolon + 1 : 1;
 }
 
-/// The pieces of a style value between its ";", those inside quotes and brackets ("url(data:a;b)") apart.
-QList<QStringView> style_pieces(QStringView style) {
-    QList<QStringView> pieces;
+/// The character that a unit stands for, as far as it has a meaning in a style; null for the other references.
+QChar meaning(QStringView unit) {
+    if (unit.size() == 1) return unit[0];
+    if (unit == u"&quot;" || unit == u"&#34;") return u'"';
+    if (unit == u"&apos;" || unit == u"&#39;") return u'\'';
+    if (unit == u"&bsol;" || unit == u"&#92;") return u'\\';
+    return {};
+}
+
+/// The pieces of a style value between its ";", without comments. What stands in quotes or brackets ("url(data:a;b)")
+/// or behind a backslash divides nothing.
+QStringList style_pieces(QStringView style) {
+    QStringList pieces{QString()};
     QChar quote;
     int depth = 0;
-    qsizetype begin = 0;
-    for (qsizetype i = 0; i < style.size(); ++i) {
-        const QChar c = style[i];
+    for (QStringView rest = style; !rest.isEmpty();) {
+        if (quote.isNull() && rest.startsWith(u"/*")) {
+            const qsizetype end = rest.indexOf(u"*/", 2);
+            rest = end < 0 ? QStringView() : rest.sliced(end + 2);
+            continue;
+        }
+        qsizetype length = unit_length(rest);
+        const QChar c = meaning(rest.first(length));
+        if (c == u'\\') length += unit_length(rest.sliced(length));
+        if (c == u';' && quote.isNull() && depth == 0)
+            pieces.append(QString());
+        else
+            pieces.last().append(rest.first(length));
+        rest = rest.sliced(length);
         if (!quote.isNull()) {
             if (c == quote) quote = {};
         } else if (c == u'"' || c == u'\'') {
@@ -47,25 +71,21 @@ QList<QStringView> style_pieces(QStringView style) {
             ++depth;
         } else if (c == u')') {
             depth = std::max(0, depth - 1);
-        } else if (c == u';' && depth == 0 && !opens_reference(style.first(i))) {
-            pieces.append(style.sliced(begin, i - begin));
-            begin = i + 1;
         }
     }
-    pieces.append(style.sliced(begin));
     return pieces;
 }
 
 QList<Property> style_properties(QStringView style) {
     QList<Property> properties;
-    for (const QStringView untrimmed : style_pieces(style)) {
-        const QStringView piece = untrimmed.trimmed();
+    for (const QString& untrimmed : style_pieces(style)) {
+        const QString piece = untrimmed.trimmed();
         if (piece.isEmpty()) continue;
         const qsizetype colon = piece.indexOf(u':');
         if (colon < 0)
-            properties.append({{}, piece.toString()});
+            properties.append({{}, piece});
         else
-            properties.append({piece.first(colon).trimmed().toString(), piece.sliced(colon + 1).trimmed().toString()});
+            properties.append({piece.first(colon).trimmed(), piece.sliced(colon + 1).trimmed()});
     }
     return properties;
 }
@@ -127,7 +147,7 @@ QString normalise_style(QStringView style) {
 
 bool is_positioned(QStringView style) {
     const QString position = style_property(style, u"POSITION");
-    return !position.isEmpty() && !same_key(position, u"static");
+    return !position.isEmpty() && !position.startsWith(u"static"_s, Qt::CaseInsensitive);
 }
 
 QString style_property(QStringView style, QStringView name) {
@@ -147,12 +167,13 @@ QString with_style_property(QStringView style, const QString& name, const QStrin
 }
 
 QString tag_with_style(QString tag, const QString& style) {
-    if (const auto place = find_attribute(tag, u"style")) {
-        const qsizetype length = place->value_end - place->value_begin;
-        return tag.replace(place->value_begin, length, place->quote.isNull() ? u'"' + style + u'"' : style);
-    }
-    const qsizetype end = tag.endsWith(u"/>"_s) ? tag.size() - 2 : tag.lastIndexOf(u'>');
-    return tag.insert(end, u" style=\""_s + style + u'"');
+    const auto place = find_attribute(tag, u"style");
+    const QChar quote = place && !place->quote.isNull() ? place->quote : u'"';
+    const QString quoted = quote + QString(style).replace(quote, quote == u'"' ? u"&quot;"_s : u"&#39;"_s) + quote;
+    if (!place) return tag.insert(tag_name_end(tag), u" style="_s + quoted);
+    const qsizetype around = place->quote.isNull() ? 0 : 1;
+    const qsizetype begin = place->value_begin - around;
+    return tag.replace(begin, place->value_end + around - begin, quoted);
 }
 
 }  // namespace pondera

@@ -27,8 +27,8 @@ struct Conversion {
     const Roots& roots;
     QString website;                  ///< name of the page's Website
     QList<ExpansionStep> expansions;  ///< run in this order on the converted text
-    std::function<void(int done, int total)>
-        progress;  ///< of the element walk, about a hundred calls at most; may be empty
+    /// Called about a hundred times at most during the element walk; may be empty.
+    std::function<void(int done, int total)> progress;
 };
 
 /// Turns an editing copy's text into the published page's: the fixed text repairs, then a walk over all elements that

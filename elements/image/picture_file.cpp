@@ -68,10 +68,10 @@ QString clean_file_name(const QString& file_name) {
 
 FileResult<QString> bring_picture_into_website(const QString& picture, const QString& website_folder) {
     const QFileInfo source(picture);
-    const QDir website(QFileInfo(website_folder).canonicalFilePath());
     if (!QFileInfo(website_folder).isDir())
         return std::unexpected(FileError{FaultNumber::kPathNotFound, QDir::toNativeSeparators(website_folder), {}});
 
+    const QDir website(QFileInfo(website_folder).canonicalFilePath());
     const QString relative = website.relativeFilePath(source.canonicalFilePath());
     const bool is_inside = !relative.startsWith(u"../"_s) && QDir::isRelativePath(relative);
     if (source.exists() && is_inside && is_clean_path(relative)) return relative;

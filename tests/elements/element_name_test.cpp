@@ -22,13 +22,17 @@ TEST(ElementName, NewElementsGetANameThatThePageHasNot) {
     EXPECT_EQ(free_element_name(u"marchio"_s, page), u"marchio3"_s);
     EXPECT_EQ(free_element_name(u"b.jpg"_s, page), u"bxjpg"_s);
     EXPECT_EQ(free_element_name(u"axjp"_s, page), u"axjp"_s);
+    EXPECT_EQ(free_element_name(u"\"<fa\u00e7ade>\\.gif"_s, page), u"faadexgif"_s);
+    EXPECT_EQ(free_element_name({}, page), u"image"_s);
 }
 
-TEST(ElementName, APictureIsNeverNamedLikeAMediaPlaceholder) {
-    const QString name = free_element_name(u"S1000123.JPG"_s, {});
-    EXPECT_FALSE(is_media_placeholder(u"<IMG name=%1 src=\"a\">"_s.arg(name)));
-    EXPECT_TRUE(is_media_placeholder(u"<IMG src=\"a\" name=S110>"));
-    EXPECT_FALSE(is_media_placeholder(u"<IMG name=Sandra>"));
+TEST(ElementName, APictureIsNeverTakenForAnElementOfTheProgram) {
+    for (const QString& file : {u"S1000123.JPG"_s, u"parco.jpg"_s, u"mr.jpg"_s}) {
+        const QString tag = u"<IMG name=%1 src=\"a\">"_s.arg(free_element_name(file, {}));
+        EXPECT_FALSE(is_media_placeholder(tag) || has_reserved_name(tag)) << tag.toStdString();
+    }
+    EXPECT_TRUE(is_media_placeholder(u"<IMG data-name=q src=\"a\" name=S110>"));
+    EXPECT_FALSE(is_media_placeholder(u"<IMG alt=\"name=S100\" name=Sandra>"));
 }
 
 }  // namespace

@@ -22,6 +22,10 @@ TEST(ImageSize, OnlyTheImageMeantIsResized) {
         << "same geometry, another name";
     EXPECT_EQ(page_with_image_size(image(u"renamed"_s, place), kImage, {50, 60}), image(u"renamed"_s, grown));
     EXPECT_EQ(page_with_image_size(image(u"axjpg"_s, near), kImage, {50, 60}), std::nullopt) << "scores two";
+    EXPECT_EQ(
+        page_with_image_size(image(u"b"_s, QString(place).replace(u"LEFT"_s, u"MARGIN-LEFT"_s)), kImage, {50, 60}),
+        std::nullopt)
+        << "a margin is no position";
     EXPECT_EQ(page_with_image_size(image(u"b"_s, place) + image(u"c"_s, place), kImage, {50, 60}), std::nullopt)
         << "the text does not tell which";
 }
@@ -33,7 +37,8 @@ TEST(ImageSize, SizeIsWrittenInTheFormThatTheTagUses) {
         {u"<IMG height=\"6\" width=\"5px\">"_s, u"<IMG height=\"60\" width=\"50\">"_s},
         {u"<IMG style=\"WIDTH: 5px; HEIGHT: 6px\" width=5 height=6>"_s,
          u"<IMG style=\"WIDTH: 50px; HEIGHT: 60px\" width=50 height=60>"_s},
-        {u"<IMG src=a.gif>"_s, u"<IMG src=a.gif style=\"WIDTH: 50px; HEIGHT: 60px\">"_s},
+        {u"<IMG src=media/>"_s, u"<IMG style=\"WIDTH: 50px; HEIGHT: 60px\" src=media/>"_s},
+        {u"<IMG style=font:\"A\" src=a"_s, u"<IMG style=\"font: &quot;A&quot;; WIDTH: 50px; HEIGHT: 60px\" src=a"_s},
     };
     for (const auto& [tag, resized] : cases) EXPECT_EQ(image_with_size(tag, {50, 60}), resized);
 }

@@ -31,6 +31,9 @@ TEST(Markup, StylesGetUpperCaseKeysAndPixels) {
         {u"margin-left:10;line-height:2"_s, u"margin-left: 10; line-height: 2"_s},
         {u"background:url(data:image/gif;base64,R0==);font-family:&quot;A&quot;;left:1"_s,
          u"background: url(data:image/gif;base64,R0==); font-family: &quot;A&quot;; LEFT: 1px"_s},
+        {u"font-family:&quot;Ar;ial&quot;;left:1"_s, u"font-family: &quot;Ar;ial&quot;; LEFT: 1px"_s},
+        {u"/* a;left:9 */left:5; content:'a\\';left:5;&#92;&#39;';top:6/*"_s,
+         u"LEFT: 5px; content: 'a\\';left:5;&#92;&#39;'; TOP: 6px"_s},
         {u"LEFT: 10; ;; junk; TOP"_s, u"LEFT: 10px; junk; TOP"_s},
         {u""_s, u""_s},
     };
