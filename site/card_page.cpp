@@ -14,9 +14,9 @@ QString page_from_card(const QString& card_text, const CardPage& page) {
         for (const QString& mark : {show_begin, show_end}) text = replace_all(text, mark, {}, Qt::CaseInsensitive);
     else
         text = remove_blocks(text, show_begin, show_end);
-    text =
-        replace_all(text, u"<title>MODELLO</title>"_s, u"<title>"_s + page.title + u"</title>"_s, Qt::CaseInsensitive);
-    return replace_all(text, u"Subject..."_s, page.heading);
+    text = replace_all(text, u"<title>MODELLO</title>"_s, u"<title>"_s + page.title.toHtmlEscaped() + u"</title>"_s,
+                       Qt::CaseInsensitive);
+    return replace_all(text, u"Subject..."_s, page.heading.toHtmlEscaped());
 }
 
 }  // namespace pondera

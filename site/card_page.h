@@ -12,7 +12,8 @@ struct CardPage {
 };
 
 /// The text of a page made from the text of a card template: the title MODELLO and the heading placeholder "Subject..."
-/// are replaced, the blocks between "<!-- photo-show -->" and "<!-- /photo-show -->" lose their marks or go as a whole.
+/// are replaced by plain text, the blocks between "<!-- photo-show -->" and "<!-- /photo-show -->" lose their marks or
+/// go as a whole.
 [[nodiscard]] QString page_from_card(const QString& card_text, const CardPage& page);
 
 }  // namespace pondera

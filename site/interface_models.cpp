@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QStringList system_cards(const Roots& roots) {
-    return QDir(roots.system_folder()).entryList({u"*_card.htm"_s}, QDir::Files);
+    return QDir(roots.system_folder()).entryList({u"*_card.htm"_s}, QDir::Files | QDir::CaseSensitive);
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ QString interface_model_menu(const Roots& roots, const QString& model) {
 }
 
 QString interface_model_preview(const Roots& roots, const QString& model, int card) {
-    return QDir(roots.system_folder()).filePath(u"preview/%1_card%2.png"_s.arg(model).arg(card));
+    return QDir(roots.system_folder()).filePath(u"preview/%1_card%2.png"_s.arg(model, QString::number(card)));
 }
 
 }  // namespace pondera

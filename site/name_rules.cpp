@@ -73,6 +73,14 @@ std::optional<QString> refusal_of_likeness(const QString& name, const QString& w
     return std::nullopt;
 }
 
+/// True for characters that no one sees: control characters, marks of writing direction, halves of characters.
+bool holds_invisible(const QString& name) {
+    return !name.isValidUtf16() || std::ranges::any_of(name.toStdU32String(), [](char32_t c) {
+        const QChar::Category category = QChar::category(c);
+        return category == QChar::Other_Control || category == QChar::Other_Format;
+    });
+}
+
 /// A page whose file the listings leave out would be lost to its maker.
 std::optional<QString> refusal_of_unlisted(const QString& name) {
     for (const QString& part : {u"vuota"_s, u"_card"_s})
@@ -94,6 +102,7 @@ std::optional<QString> Verifica_Nome(const QString& name) {
                          std::ranges::any_of(group, [&](const QString& part) { return name.contains(part); });
         if (hit) return u"'%1'"_s.arg(group.join(u"' , '"_s));
     }
+    if (holds_invisible(name)) return u"the invisible characters"_s;
     return std::nullopt;
 }
 
@@ -111,6 +120,7 @@ std::optional<QString> refusal_of_website_name(const QString& name) {
 std::optional<QString> refusal_of_page_name(const QString& typed, const QString& website,
                                             const QStringList& other_pages) {
     const QString name = typed_page_name(typed);
+    // A field left empty is too short; what is too short behind a typed ending has a text of its own.
     if (name.trimmed().isEmpty() && name != typed) return u"Insert a valid name of new page"_s;
     if (auto refusal = refusal_of_length(name)) return refusal;
     if (auto refusal = refusal_of_likeness(name, website, other_pages)) return refusal;

@@ -8,7 +8,8 @@
 namespace pondera {
 
 /// Tests a name against the reserved words and the characters that names may not hold. When the name is refused, the
-/// offending text to show: the word, or the group of characters that hit, each in single quotes, joined by " , ".
+/// offending text to show: the word, or the group of characters that hit, each in single quotes, joined by " , ";
+/// what cannot be shown (control characters and the like) is named.
 [[nodiscard]] std::optional<QString> Verifica_Nome(const QString& name);
 
 /// The message for a name that Verifica_Nome refused.

@@ -35,9 +35,10 @@ QString name_of(const GroupPlace& place, int number) {
     return place.before + QString::number(number) + place.after;
 }
 
-std::expected<void, QString> move_file(const QString& from, const QString& to) {
-    if (!copy_file(from, to, IfExists::kFail)) return std::unexpected(u"Renaming subsequent files Error: 'copy'"_s);
-    if (!remove_file(from)) return std::unexpected(u"Renaming subsequent files Error: 'delete'"_s);
+/// The message of a move that failed, empty for one that was made.
+QString move_file(const QString& from, const QString& to) {
+    if (!copy_file(from, to, IfExists::kFail)) return u"Renaming subsequent files Error: 'copy'"_s;
+    if (!remove_file(from)) return u"Renaming subsequent files Error: 'delete'"_s;
     return {};
 }
 
@@ -62,24 +63,24 @@ QString first_page_of_group(const QString& published) {
 }
 
 /// Renumbers the following pages.
-std::expected<QList<PageMove>, QString> Rinominazione_File_Succ(const QString& website_folder, const QString& current,
-                                                                Renumbering renumbering) {
-    const auto place = group_place(current);
-    if (!place) return std::unexpected(u"Unforeseen mistake '_P' not noticed the name of the following page"_s);
+RenumberedPages Rinominazione_File_Succ(const QString& website_folder, const QString& current,
+                                        Renumbering renumbering) {
+    const auto place = group_place(published_name(current));
+    if (!place) return {.moves = {}, .error = u"Unforeseen mistake '_P' not noticed the name of the following page"_s};
     const int step = renumbering == Renumbering::kMakeRoom ? 1 : -1;
     const QDir folder(website_folder);
-    QList<PageMove> moves;
+    RenumberedPages pages;
     for (const GroupPlace& page : following_pages(website_folder, *place, renumbering)) {
         const PageMove move{name_of(page, page.number), name_of(page, page.number + step)};
         for (const auto& [from, to] :
              {std::pair{move.from, move.to}, std::pair{editing_copy_name(move.from), editing_copy_name(move.to)}}) {
             if (!folder.exists(from)) continue;
-            if (auto moved = move_file(folder.filePath(from), folder.filePath(to)); !moved)
-                return std::unexpected(moved.error());
+            pages.error = move_file(folder.filePath(from), folder.filePath(to));
+            if (!pages.error.isEmpty()) return pages;
+            if (!pages.moves.endsWith(move)) pages.moves += move;
         }
-        moves += move;
     }
-    return moves;
+    return pages;
 }
 
 }  // namespace pondera

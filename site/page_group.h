@@ -3,7 +3,6 @@
 #include <QList>
 #include <QString>
 
-#include <expected>
 #include <optional>
 
 namespace pondera {
@@ -39,11 +38,16 @@ enum class Renumbering {
     kCloseGap,  ///< each gets the number one lower, after the current page was deleted
 };
 
-/// Renumbers the pages that follow `current` in its group. Published pages and editing copies are moved, each by a copy
-/// to the new name and the deletion of the old one, in an order in which nothing is overwritten. Yields the moves made,
-/// for the links to follow; the error is the message to show, and what had been moved by then stays moved.
-[[nodiscard]] std::expected<QList<PageMove>, QString> Rinominazione_File_Succ(const QString& website_folder,
-                                                                              const QString& current,
-                                                                              Renumbering renumbering);
+/// What a renumbering did. After an error, what had been moved by then stays moved.
+struct RenumberedPages {
+    QList<PageMove> moves;  ///< for the links to follow
+    QString error;          ///< the message to show, empty when all went well
+};
+
+/// Renumbers the pages that follow `current` (published page or editing copy) in its group. Published pages and editing
+/// copies are moved, each by a copy to the new name and the deletion of the old one, in an order in which nothing is
+/// overwritten.
+[[nodiscard]] RenumberedPages Rinominazione_File_Succ(const QString& website_folder, const QString& current,
+                                                      Renumbering renumbering);
 
 }  // namespace pondera

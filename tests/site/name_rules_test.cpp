@@ -37,11 +37,14 @@ TEST(NameRules, WordsAndCharactersAreRefusedGroupByGroup) {
         {u"20°"_s, u"'+' , '*' , '°'"_s},
         {u"me@home"_s, u"'€' , '@'"_s},
         {u"say\"so"_s, u"'\"'"_s},
+        {u"Sho\0p"_s, u"the invisible characters"_s},
+        {u"Shop\u202Egpj"_s, u"the invisible characters"_s},
+        {u"Shop"_s + QChar(0xD83D), u"the invisible characters"_s},
         // Two groups hit: the earlier one is shown.
         {u"a/b.c"_s, u"'111' , '.'"_s},
     };
     for (const auto& [name, offending] : refused) EXPECT_EQ(Verifica_Nome(name), offending) << name.toStdString();
-    for (const QString& name : {u"Images"_s, u"Città-alta"_s, u"11211"_s, u"a_b~c,d"_s})
+    for (const QString& name : {u"Images"_s, u"Città-alta"_s, u"11211"_s, u"a_b~c,d"_s, u"Shop😀"_s})
         EXPECT_EQ(Verifica_Nome(name), std::nullopt) << name.toStdString();
 }
 

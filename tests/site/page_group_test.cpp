@@ -30,12 +30,6 @@ TEST(PageGroup, NamesTellThePlace) {
         EXPECT_EQ(group_place(other), std::nullopt) << other.toStdString();
 }
 
-TEST(PageGroup, APageWithoutNumberCannotBeRenumbered) {
-    const QTemporaryDir folder;
-    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour.htm"_s, Renumbering::kMakeRoom).error(),
-              u"Unforeseen mistake '_P' not noticed the name of the following page"_s);
-}
-
 TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
     std::mt19937 random(7);
     for (int round = 0; round < 25; ++round) {
@@ -56,10 +50,10 @@ TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
         }
         const auto before = contents_of(folder);
         const int current = 1 + static_cast<int>(random() % 12);
-        const QString current_page = u"_4_Tour_page%1_.htm"_s.arg(current);
+        const QString current_page = u"§_4_Tour_page%1_.htm"_s.arg(current);
 
-        const auto moves = Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kMakeRoom);
-        ASSERT_TRUE(moves) << moves.error().toStdString();
+        const auto [moves, error] = Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kMakeRoom);
+        ASSERT_EQ(error, QString());
         const auto after = contents_of(folder);
         EXPECT_EQ(after.size(), before.size());
         for (const auto& [name, bytes] : after) {
@@ -70,23 +64,29 @@ TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
             EXPECT_TRUE(ours ? place && place->number == old_place->number + 1 : name == QString::fromUtf8(bytes))
                 << bytes.toStdString() << " became " << name.toStdString();
         }
-        EXPECT_EQ(moves->size(), std::distance(numbers.upper_bound(current), numbers.end()));
+        EXPECT_EQ(moves.size(), std::distance(numbers.upper_bound(current), numbers.end()));
 
-        ASSERT_TRUE(Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kCloseGap));
+        ASSERT_EQ(Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kCloseGap).error, QString());
         EXPECT_EQ(contents_of(folder), before);
     }
 }
 
-TEST(PageGroup, AFileInTheWayStopsTheRenumbering) {
+TEST(PageGroup, WhatStopsTheRenumberingIsTold) {
     const QTemporaryDir temporary;
     const QDir folder(temporary.path());
-    for (const QString& name : {u"_4_Tour_page2_.htm"_s, u"_4_Tour_page3_.htm"_s})
+    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour.htm"_s, Renumbering::kMakeRoom).error,
+              u"Unforeseen mistake '_P' not noticed the name of the following page"_s);
+
+    // The published page can be moved, its editing copy cannot: a folder has the name.
+    for (const QString& name : {u"_4_Tour_page3_.htm"_s, u"_4_Tour_page4_.htm"_s, u"§_4_Tour_page4_.htm"_s})
         ASSERT_TRUE(write_file(folder.filePath(name), name.toUtf8()));
-    // The current page was not deleted, so the gap that is to be closed does not exist.
-    const auto before = contents_of(folder);
-    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour_page2_.htm"_s, Renumbering::kCloseGap).error(),
-              u"Renaming subsequent files Error: 'copy'"_s);
-    EXPECT_EQ(contents_of(folder), before);
+    ASSERT_TRUE(folder.mkdir(u"§_4_Tour_page5_.htm"_s));
+    auto expected = contents_of(folder);
+    expected[u"_4_Tour_page5_.htm"_s] = expected.extract(u"_4_Tour_page4_.htm"_s).mapped();
+    const auto [moves, error] = Rinominazione_File_Succ(folder.path(), u"_4_Tour_page2_.htm"_s, Renumbering::kMakeRoom);
+    EXPECT_EQ(error, u"Renaming subsequent files Error: 'copy'"_s);
+    EXPECT_EQ(moves, QList<PageMove>({{u"_4_Tour_page4_.htm"_s, u"_4_Tour_page5_.htm"_s}}));
+    EXPECT_EQ(contents_of(folder), expected);
 }
 
 }  // namespace

@@ -101,8 +101,8 @@ TEST(CardPage, PhotoShowBlocksStayOnlyInPhotoShows) {
     const QString card =
         u"<TITLE>MODELLO</TITLE><!-- photo-show --><script>1</script><!-- /photo-show --><h1>Subject...</h1>"
         u"<!-- photo-show --><img><!-- /photo-show -->"_s;
-    EXPECT_EQ(page_from_card(card, {.title = u"Sea"_s, .heading = u"The sea"_s}),
-              u"<title>Sea</title><h1>The sea</h1>"_s);
+    EXPECT_EQ(page_from_card(card, {.title = u"<Sea"_s, .heading = u"Sea & sun"_s}),
+              u"<title>&lt;Sea</title><h1>Sea &amp; sun</h1>"_s);
     EXPECT_EQ(page_from_card(card, {.title = u"Sea"_s, .heading = u"The sea"_s, .photo_show = true}),
               u"<title>Sea</title><script>1</script><h1>The sea</h1><img>"_s);
 }
