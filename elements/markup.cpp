@@ -82,7 +82,7 @@ QList<Property> style_properties(QStringView style) {
         const QString piece = untrimmed.trimmed();
         if (piece.isEmpty()) continue;
         const qsizetype colon = piece.indexOf(u':');
-        if (colon < 0)
+        if (colon <= 0)
             properties.append({{}, piece});
         else
             properties.append({piece.first(colon).trimmed(), piece.sliced(colon + 1).trimmed()});

@@ -94,12 +94,12 @@ QString with_own_links_relative(const QString& text, const QString& website) {
     return result;
 }
 
-/// Where the first call of the boxes' functions at or behind `from` ends, -1 when there is none.
-qsizetype call_end(QStringView text, qsizetype from) {
-    qsizetype first = -1;
+/// Where the first call of the boxes' functions in a handler ends, 0 when there is none.
+qsizetype call_end(QStringView handler) {
+    qsizetype first = 0;
     for (const QStringView call : {u"ChiamaMotore();", u"ClickArea();"}) {
-        const qsizetype at = text.indexOf(call, from);
-        if (at >= 0 && (first < 0 || at + call.size() < first)) first = at + call.size();
+        const qsizetype at = handler.indexOf(call);
+        if (at >= 0 && (first == 0 || at + call.size() < first)) first = at + call.size();
     }
     return first;
 }
@@ -116,11 +116,11 @@ QString tag_with_quoted_handlers(QStringView tag) {
     AttributeScan attributes(tag, tag_name_end(tag));
     while (const auto place = attributes.next()) {
         const QStringView value = tag.first(place->value_end).sliced(place->value_begin);
-        const qsizetype call = call_end(value, 0);
-        if (place->quote.isNull() && (call >= 0 || value.startsWith(u"k=(document.all)"))) {
+        const qsizetype call = call_end(value);
+        if (place->quote.isNull() && (call > 0 || value.startsWith(u"k=(document.all)"))) {
             if (!value.startsWith(u'"')) quote_at(place->value_begin);
             quote_at(place->value_end);
-        } else if (place->quote == u'"' && call >= 0 && value.trimmed().endsWith(u'=')) {
+        } else if (place->quote == u'"' && call > 0 && value.trimmed().endsWith(u'=')) {
             quote_at(place->value_begin + call);
             attributes.move_to(place->value_begin + call);
         }
@@ -135,7 +135,6 @@ QString with_quoted_handlers(const QString& text) {
     TagWalk walk(text);
     while (const auto place = walk.next()) {
         const QStringView tag = QStringView(text).first(place->end).sliced(place->begin);
-        if (call_end(tag, 0) < 0) continue;
         result.append(QStringView(text).first(place->begin).sliced(copied)).append(tag_with_quoted_handlers(tag));
         copied = place->end;
     }
