@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <cerrno>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -95,15 +94,6 @@ TEST(Files, FoldersAndRemovalTellWhatWasInTheWay) {
     EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
     EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
     EXPECT_EQ(remove_file(folder.filePath(u"none"_s)).error().number, FaultNumber::kPathNotFound);
-}
-
-TEST(Files, ErrnoValuesHaveTheirNumbers) {
-    const std::vector<std::pair<int, FaultNumber>> cases{
-        {EACCES, FaultNumber::kPermissionDenied},  {EROFS, FaultNumber::kPermissionDenied},
-        {ENOENT, FaultNumber::kPathNotFound},      {ENOTDIR, FaultNumber::kPathNotFound},
-        {EEXIST, FaultNumber::kAlreadyExists},     {EDQUOT, FaultNumber::kDiskFull},
-        {ENAMETOOLONG, FaultNumber::kInvalidCall}, {EIO, FaultNumber::kUnexpected}};
-    for (const auto& [error, number] : cases) EXPECT_EQ(fault_of_errno(error), number) << error;
 }
 
 }  // namespace
