@@ -1,19 +1,19 @@
 #pragma once
 
 #include <QDialog>
-#include <QKeySequence>
 
 #include <deque>
 #include <functional>
 #include <stdexcept>
-#include <variant>
+#include <string>
 
 #include "workbench/prompts.h"
 
 namespace pondera {
 
 /// A form as the person at the machine works it: widgets by their objectName, real clicks and keys. What cannot be done
-/// (no such widget, a disabled or hidden button, no such entry) fails the test and closes the form.
+/// (no such widget, a disabled or hidden button, no such entry) fails the test and closes the form. Each deed returns
+/// the hand, for the next one.
 class FormHand {
   public:
     explicit FormHand(QDialog& form) : form_(form) {}
@@ -28,29 +28,30 @@ class FormHand {
         throw std::runtime_error(missing(name));
     }
 
-    /// Replaces what a line edit, text edit, spin box or editable combo box holds.
-    void type(const QString& name, const QString& text) const;
+    /// Replaces what a line edit, spin box or editable combo box holds.
+    const FormHand& type(const QString& name, const QString& text) const;
 
     /// Clicks a button with the mouse.
-    void click(const QString& name) const;
+    const FormHand& click(const QString& name) const;
 
-    /// Picks the entry with that text in a list, tree or combo box.
-    void choose(const QString& name, const QString& entry) const;
+    /// Picks the entry with that text in a list or tree.
+    const FormHand& choose(const QString& name, const QString& entry) const;
 
     /// Double-clicks the entry with that text in a list or tree.
-    void double_click(const QString& name, const QString& entry) const;
-
-    /// The texts of the entries of a list, tree (top level) or combo box.
-    [[nodiscard]] QStringList entries(const QString& name) const;
+    const FormHand& double_click(const QString& name, const QString& entry) const;
 
     /// Presses a key in the widget that has the focus.
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    const FormHand& press(Qt::Key key) const;
 
     /// Saves a picture of the form as FOLDER/`name`.png when the environment variable PONDERA_PICTURES names a folder.
-    void photograph(const QString& name) const;
+    const FormHand& photograph(const QString& name) const;
+
+    /// The texts of the entries of a list or tree (top level).
+    [[nodiscard]] QStringList entries(const QString& name) const;
 
   private:
     [[nodiscard]] std::string missing(const QString& what) const;
+    [[nodiscard]] QPoint place_of(const QString& name, const QString& entry) const;
 
     QDialog& form_;
 };
@@ -67,13 +68,12 @@ class ScriptedPrompts : public Prompts {
     /// Next comes a message whose text holds `part`.
     ScriptedPrompts& expect_message(const QString& part, Answer answer = Answer::kOk);
 
-    /// Next comes the form of that objectName (class name where it has none); it is really shown, and `fill` works it
-    /// until it closes. Messages that the form shows meanwhile are the next steps.
+    /// Next comes the form of that objectName; it is really shown, and `fill` works it until it closes. Messages that
+    /// the form shows meanwhile are the next steps.
     ScriptedPrompts& expect_form(const QString& name, Filler fill);
 
-    /// Next comes a picker; an empty path or invalid colour is Cancel.
+    /// Next comes a picker of a file or a colour; an empty path or invalid colour is Cancel.
     ScriptedPrompts& expect_file(const QString& path);
-    ScriptedPrompts& expect_folder(const QString& path);
     ScriptedPrompts& expect_colour(const QColor& colour);
 
     /// Every message shown so far.
@@ -89,30 +89,18 @@ class ScriptedPrompts : public Prompts {
     std::optional<QColor> choose_colour(const QString& title, const QColor& initial) override;
 
   private:
-    struct MessageStep {
-        QString part;
-        Answer answer;
-    };
-    struct FormStep {
-        QString name;
-        Filler fill;
-    };
-    struct FileStep {
-        QString path;
-    };
-    struct FolderStep {
-        QString path;
-    };
-    struct ColourStep {
-        QColor colour;
-    };
-    using Step = std::variant<MessageStep, FormStep, FileStep, FolderStep, ColourStep>;
+    struct Step {
+        std::string kind;
+        QString text;  ///< part of the message, name of the form or path of the file
+        Answer answer = Answer::kOk;
+        Filler fill = {};
+        QColor colour = {};
 
-    /// Takes the next step when it is one of kind T; fails the test with `asked` when it is not.
-    template <typename T>
-    std::optional<T> next(const QString& asked);
+        [[nodiscard]] std::string words() const { return "the " + kind + ' ' + text.toStdString(); }
+    };
 
-    static QString describe(const Step& step);
+    /// Takes the next step when it is of that kind; fails the test with `asked` when it is not.
+    std::optional<Step> next(const std::string& kind, const QString& asked);
 
     std::deque<Step> script_;
     QList<Message> messages_;

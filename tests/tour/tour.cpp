@@ -130,11 +130,14 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     const auto installed = install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR) + u"/system"_s, roots_);
     ASSERT_TRUE(installed);
 
-    bool started = false;
+    int starts = 0;
     {
-        frmSplash splash([&started] { started = true; });
+        frmSplash splash([&starts] { ++starts; });
         splash.show();
-        ASSERT_TRUE(wait_until([&started] { return started; }));
+        ASSERT_TRUE(wait_until([&splash] { return !splash.isVisible(); }));
+        EXPECT_EQ(splash.windowTitle(), u"Pondera   VANTILE PRO  -  Web and Multimedia Editor"_s);
+        QTest::qWait(1000);
+        EXPECT_EQ(starts, 1) << "its timer goes off once";
         photograph(splash, u"splash"_s);
     }
 

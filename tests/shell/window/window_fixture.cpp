@@ -1,18 +1,13 @@
 #include "tests/shell/window/window_fixture.h"
 
 #include <QDir>
-#include <QEventLoop>
-#include <QPointer>
-#include <QScreen>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <QWebEnginePage>
 
 #include <optional>
 
 #include "base/text_file.h"
-#include "shell/look.h"
 #include "shell/site_tree.h"
 
 namespace pondera {
@@ -20,27 +15,22 @@ namespace pondera {
 using namespace Qt::StringLiterals;
 
 void WindowFixture::SetUp() {
-    for (const QString& website : {u"Shop"_s, u"Empty"_s}) {
-        QDir().mkpath(roots_.website(website) + u"/media/img"_s);
-        write(website, u"çindex.htm"_s, u"<P>Home of %1</P>"_s.arg(website));
-        write(website, u"index.htm"_s, u"<P>Home of %1</P>"_s.arg(website));
-    }
-    write(u"Shop"_s, u"§_4_Trips.htm"_s, u"<P>Trips to the sea</P>"_s);
-    write(u"Shop"_s, u"_4_Trips.htm"_s, u"<P>Trips to the sea</P>"_s);
-    write(u"Shop"_s, u"§_x_Map.htm"_s, u"<P>A map</P>"_s);
-    write(u"Shop"_s, u"_x_Map.htm"_s, u"<P>A map</P>"_s);
-    settings_ = std::make_unique<QSettings>(home_.filePath(u"settings.ini"_s), QSettings::IniFormat);
-    settings_->beginGroup("Parametri"_L1);
-    set_look(*qApp);
+    have_website(u"Shop"_s);
+    have_website(u"Empty"_s);
+    for (const QString& file : {u"§_4_Trips.htm"_s, u"_4_Trips.htm"_s})
+        write(u"Shop"_s, file, u"<P>Trips to the sea</P>"_s);
+    for (const QString& file : {u"§_x_Map.htm"_s, u"_x_Map.htm"_s}) write(u"Shop"_s, file, u"<P>A map</P>"_s);
     start();
 }
 
-void WindowFixture::TearDown() {
-    window_.reset();
+void WindowFixture::have_website(const QString& website) {
+    QDir().mkpath(roots_.website(website) + u"/media/img"_s);
+    for (const QString& file : {u"çindex.htm"_s, u"index.htm"_s})
+        write(website, file, u"<P>Home of %1</P>"_s.arg(website));
 }
 
 void WindowFixture::start() {
-    window_ = std::make_unique<MainForm>(roots_, prompts_, *settings_);
+    window_ = std::make_unique<MainForm>(roots_, prompts_, settings_);
     window_->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
 }
@@ -74,29 +64,15 @@ void WindowFixture::click_in_tree(const QString& page) {
 }
 
 void WindowFixture::change_page(const QString& text) {
-    window_->workbench().editor().paste_at_end(u"<P>%1</P>"_s.arg(text));
+    workbench().editor().paste_at_end(u"<P>%1</P>"_s.arg(text));
 }
 
 QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script) {
-    QEventLoop loop;
     // The engine may answer after the wait was given up.
-    const QPointer<QEventLoop> waiting(&loop);
     const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, [answer, waiting](const QVariant& value) {
-        *answer = value;
-        if (waiting) waiting->quit();
-    });
-    QTimer::singleShot(5000, &loop, &QEventLoop::quit);
-    if (!*answer) loop.exec();
-    EXPECT_TRUE(answer->has_value()) << script.toStdString();
+    page.runJavaScript(script, [answer](const QVariant& value) { *answer = value; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answer->has_value(); })) << script.toStdString();
     return answer->value_or(QVariant());
-}
-
-void WindowFixture::photograph(const QString& name) {
-    const QString folder = qEnvironmentVariable("PONDERA_PICTURES");
-    if (folder.isEmpty()) return;
-    QTest::qWait(1200);
-    window_->screen()->grabWindow().save(QDir(folder).filePath(name + u".png"_s));
 }
 
 }  // namespace pondera

@@ -18,11 +18,15 @@ namespace pondera {
 /// "Map", and "Empty", with a home page alone.
 class WindowFixture : public testing::Test {
   protected:
+    WindowFixture() { settings_.beginGroup(QStringLiteral("Parametri")); }
+
     void SetUp() override;
-    void TearDown() override;
 
     /// Makes the window anew, as the next start of the program does.
     void start();
+
+    /// Makes a Website with a home page alone.
+    void have_website(const QString& website);
 
     void write(const QString& website, const QString& file, const QString& body);
     [[nodiscard]] QString read(const QString& website, const QString& file) const;
@@ -33,6 +37,10 @@ class WindowFixture : public testing::Test {
         if (found == nullptr) throw std::runtime_error("no " + name.toStdString());
         return *found;
     }
+
+    Workbench& workbench() { return window_->workbench(); }
+    QString page() { return workbench().page(); }
+    void open(const QString& website) { ASSERT_TRUE(workbench().open_website(website)); }
 
     /// Chooses a command by its action's name; false when it is disabled.
     bool choose(const QString& action);
@@ -46,13 +54,10 @@ class WindowFixture : public testing::Test {
     /// The value of a script expression in a page shown.
     static QVariant evaluate(QWebEnginePage& page, const QString& script);
 
-    /// Saves a picture of the whole screen when the environment variable PONDERA_PICTURES names a folder.
-    void photograph(const QString& name);
-
     QTemporaryDir home_;
     Roots roots_{home_.filePath(QStringLiteral("Pondera_Folder"))};
     ScriptedPrompts prompts_;
-    std::unique_ptr<QSettings> settings_;
+    QSettings settings_{home_.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat};
     std::unique_ptr<MainForm> window_;
 };
 
