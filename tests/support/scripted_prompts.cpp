@@ -79,23 +79,8 @@ ScriptedPrompts::~ScriptedPrompts() {
     for (const Step& step : script_) ADD_FAILURE() << "never asked for: " << step.words();
 }
 
-ScriptedPrompts& ScriptedPrompts::expect_message(const QString& part, Answer answer) {
-    script_.push_back({"message", part, answer});
-    return *this;
-}
-
-ScriptedPrompts& ScriptedPrompts::expect_form(const QString& name, Filler fill) {
-    script_.push_back({"form", name, {}, std::move(fill)});
-    return *this;
-}
-
-ScriptedPrompts& ScriptedPrompts::expect_file(const QString& path) {
-    script_.push_back({"file", path});
-    return *this;
-}
-
-ScriptedPrompts& ScriptedPrompts::expect_colour(const QColor& colour) {
-    script_.push_back({.kind = "colour", .text = {}, .colour = colour});
+ScriptedPrompts& ScriptedPrompts::expect(Step step) {
+    script_.push_back(std::move(step));
     return *this;
 }
 

@@ -66,15 +66,19 @@ class ScriptedPrompts : public Prompts {
     ~ScriptedPrompts() override;
 
     /// Next comes a message whose text holds `part`.
-    ScriptedPrompts& expect_message(const QString& part, Answer answer = Answer::kOk);
+    ScriptedPrompts& expect_message(const QString& part, Answer answer = Answer::kOk) {
+        return expect({"message", part, answer});
+    }
 
     /// Next comes the form of that objectName; it is really shown, and `fill` works it until it closes. Messages that
     /// the form shows meanwhile are the next steps.
-    ScriptedPrompts& expect_form(const QString& name, Filler fill);
+    ScriptedPrompts& expect_form(const QString& name, Filler fill) {
+        return expect({"form", name, {}, std::move(fill)});
+    }
 
     /// Next comes a picker of a file or a colour; an empty path or invalid colour is Cancel.
-    ScriptedPrompts& expect_file(const QString& path);
-    ScriptedPrompts& expect_colour(const QColor& colour);
+    ScriptedPrompts& expect_file(const QString& path) { return expect({"file", path}); }
+    ScriptedPrompts& expect_colour(const QColor& colour) { return expect({"colour", {}, {}, {}, colour}); }
 
     /// Every message shown so far.
     [[nodiscard]] const QList<Message>& messages() const { return messages_; }
@@ -98,6 +102,8 @@ class ScriptedPrompts : public Prompts {
 
         [[nodiscard]] std::string words() const { return "the " + kind + ' ' + text.toStdString(); }
     };
+
+    ScriptedPrompts& expect(Step step);
 
     /// Takes the next step when it is of that kind; fails the test with `asked` when it is not.
     std::optional<Step> next(const std::string& kind, const QString& asked);

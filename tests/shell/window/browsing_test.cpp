@@ -18,19 +18,14 @@ class OpenedAddresses : public QObject {
 
   public:
     OpenedAddresses() {
-        for (const QString& scheme : kSchemes) QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~OpenedAddresses() override {
-        for (const QString& scheme : kSchemes) QDesktopServices::unsetUrlHandler(scheme);
+        for (const QString& scheme : {u"https"_s, u"mailto"_s, u"file"_s})
+            QDesktopServices::setUrlHandler(scheme, this, "open");
     }
 
     QList<QUrl> addresses;
 
   public slots:
     void open(const QUrl& url) { addresses.append(url); }
-
-  private:
-    inline static const QStringList kSchemes{u"http"_s, u"https"_s, u"mailto"_s, u"file"_s};
 };
 
 namespace {

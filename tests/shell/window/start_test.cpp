@@ -92,10 +92,10 @@ TEST(HelpViewer, ReadsItsCommandLineWholeTornOrJoined) {
         help_arguments({u"/_HELP/_6_Ins Image.htm"_s, u"Help - Select Image"_s, QPoint(10, 20)}),
     };
     for (const QStringList& line : lines) {
-        const HelpArguments read = parse_help_arguments(line);
-        EXPECT_EQ(read.page, u"/_HELP/_6_Ins Image.htm") << line.join(u'|').toStdString();
-        EXPECT_EQ(read.caption, u"Help - Select Image");
-        EXPECT_EQ(read.position, QPoint(10, 20));
+        const auto [page, caption, position] = parse_help_arguments(line);
+        EXPECT_EQ(page + u'|' + caption, u"/_HELP/_6_Ins Image.htm|Help - Select Image")
+            << line.join(u'|').toStdString();
+        EXPECT_EQ(position, QPoint(10, 20));
     }
     EXPECT_EQ(parse_help_arguments({}).page, u"");
     EXPECT_FALSE(parse_help_arguments({u"/PERCORSO:/_HELP/x.htm"_s}).position);

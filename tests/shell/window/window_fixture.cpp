@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QTest>
+#include <QTestEventLoop>
 #include <QTreeWidgetItemIterator>
 #include <QWebEnginePage>
 
@@ -69,9 +70,14 @@ void WindowFixture::change_page(const QString& text) {
 
 QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script) {
     // The engine may answer after the wait was given up.
+    const auto loop = std::make_shared<QTestEventLoop>();
     const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, [answer](const QVariant& value) { *answer = value; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return answer->has_value(); })) << script.toStdString();
+    page.runJavaScript(script, [answer, loop](const QVariant& value) {
+        *answer = value;
+        loop->exitLoop();
+    });
+    if (!*answer) loop->enterLoopMSecs(5000);
+    EXPECT_TRUE(answer->has_value()) << script.toStdString();
     return answer->value_or(QVariant());
 }
 
