@@ -61,12 +61,28 @@ bool is_ascii(const QByteArray& bytes) {
     return std::ranges::none_of(bytes, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-/// True when the page declares one of the charsets that browsers read as windows-1252.
-bool declares_windows1252(const QByteArray& bytes) {
-    static const QRegularExpression declaration(
-        uR"(charset\s*=\s*["']?(windows-1252|x?-?cp1252|iso-8859-1|latin1|(us-)?ascii)(?![\w-]))"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    return declaration.match(QString::fromLatin1(bytes.first(std::min<qsizetype>(bytes.size(), 4096)))).hasMatch();
+/// How characters beyond ASCII are to be written into a page that has none yet, by the charset that it declares: the
+/// charsets that browsers read as windows-1252, UTF-8, and for all others as references, which mean the same in any.
+TextEncoding encoding_of_ascii_page(const QByteArray& bytes) {
+    static const QRegularExpression declaration(uR"(charset\s*=\s*["']?\s*([\w:.-]+))"_s,
+                                                QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression windows1252(u"^(windows-1252|x?-?cp1252|iso-8859-1|latin1|(us-)?ascii)$"_s);
+    const QString start = QString::fromLatin1(bytes.first(std::min<qsizetype>(bytes.size(), 4096)));
+    const QString charset = declaration.match(start).captured(1).toLower();
+    if (windows1252.match(charset).hasMatch()) return TextEncoding::kWindows1252;
+    return charset.isEmpty() || charset.startsWith(u"utf"_s) ? TextEncoding::kUtf8 : TextEncoding::kAscii;
+}
+
+QByteArray encode_ascii(const QString& text) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const char32_t c : text.toStdU32String()) {
+        if (c < 0x80)
+            bytes += static_cast<char>(c);
+        else
+            bytes += "&#" + QByteArray::number(static_cast<uint>(c)) + ';';
+    }
+    return bytes;
 }
 
 QByteArray encode_with(const QString& text, QStringConverter::Encoding encoding, QByteArrayView mark) {
@@ -92,9 +108,7 @@ TextFile decode_text(const QByteArray& bytes) {
         if (text && !half_character) return {*text, marked.encoding};
         return {decode_windows1252(bytes), TextEncoding::kWindows1252};
     }
-    if (is_ascii(bytes))
-        return {QString::fromLatin1(bytes),
-                declares_windows1252(bytes) ? TextEncoding::kWindows1252 : TextEncoding::kUtf8};
+    if (is_ascii(bytes)) return {QString::fromLatin1(bytes), encoding_of_ascii_page(bytes)};
     if (auto text = decode_if_valid(bytes, QStringConverter::Utf8)) return {*text, TextEncoding::kUtf8};
     return {decode_windows1252(bytes), TextEncoding::kWindows1252};
 }
@@ -109,6 +123,8 @@ QByteArray encode_text(const QString& text, TextEncoding encoding) {
             return encode_with(text, QStringConverter::Utf16BE, kUtf16BeMark);
         case TextEncoding::kWindows1252:
             return encode_windows1252(text);
+        case TextEncoding::kAscii:
+            return encode_ascii(text);
         case TextEncoding::kUtf8:
             break;
     }

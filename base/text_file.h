@@ -8,7 +8,7 @@
 namespace pondera {
 
 /// How a text file's bytes stand for its characters.
-enum class TextEncoding { kUtf8, kUtf8WithBom, kUtf16Le, kUtf16Be, kWindows1252 };
+enum class TextEncoding { kUtf8, kUtf8WithBom, kUtf16Le, kUtf16Be, kWindows1252, kAscii };
 
 /// A text file as read: its characters (line ends untouched, no byte order mark) and the encoding to write it back in.
 struct TextFile {

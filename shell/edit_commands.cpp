@@ -22,7 +22,8 @@ void colour(Workbench& workbench, const QString& title, const QColor& initial) {
 }
 
 void text_colour(Workbench& workbench) {
-    colour<EditCommand::kForeColor>(workbench, u"Text Color"_s, Qt::black);
+    const QColor now(workbench.editor().selection().colour);
+    colour<EditCommand::kForeColor>(workbench, u"Text Color"_s, now.isValid() ? now : QColor(Qt::black));
 }
 
 void text_background_colour(Workbench& workbench) {

@@ -59,6 +59,7 @@ int main(int argc, char** argv) {
         if (!prepare_folders(roots, prompts)) return QApplication::exit(EXIT_FAILURE);
         window = std::make_unique<pondera::MainForm>(roots, prompts, settings);
         prompts.set_window(window.get());
+        prompts.set_help([&window] { window->workbench().show_help({}); });
         window->show();
         if (!pondera::wizard_at_start(settings)) return;
         settings.setValue("Wizard On"_L1, u"True"_s);

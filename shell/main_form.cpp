@@ -52,7 +52,8 @@ MainForm::MainForm(const Roots& roots, Prompts& prompts, QSettings& settings)
     follow_editor();
     follow_browser();
 
-    if (!restoreGeometry(settings.value(kGeometry).toByteArray())) resize(kFirstSize);
+    if (!restoreGeometry(settings.value(kGeometry).toByteArray()))
+        resize(kFirstSize.boundedTo(screen()->availableSize()));
     show_website();
     refresh();
 }
@@ -123,8 +124,10 @@ void MainForm::build_centre() {
 void MainForm::build_tree() {
     tree_ = new SiteTree(this);
     connect(tree_, &SiteTree::pageChosen, this, [this](const QString& page) {
-        if (page == workbench_.page() || workbench_.load(page)) return;
-        tree_->mark_current(workbench_.page());
+        if (page != workbench_.page() && !workbench_.load(page)) tree_->mark_current(workbench_.page());
+        // The browse view may have wandered from the current page; choosing it leads back.
+        if (workbench_.browsing() && browser_->shown_file() != workbench_.page())
+            browser_->show_page(workbench_.page());
     });
     tree_dock_ = new QDockWidget(u"Pages"_s, this);
     tree_dock_->setObjectName("tree_dock"_L1);
@@ -251,6 +254,7 @@ void MainForm::show_page() {
     status_bar_->show_page(workbench_.page_label());
     tree_->mark_current(workbench_.page());
     if (workbench_.browsing() && browser_->shown_file() != workbench_.page()) browser_->show_page(workbench_.page());
+    if (!workbench_.browsing()) editor_->setFocus();
 }
 
 void MainForm::show_recent() {

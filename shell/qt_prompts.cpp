@@ -96,8 +96,17 @@ std::optional<QString> QtPrompts::choose_folder(const QString& title, const QStr
 }
 
 std::optional<QColor> QtPrompts::choose_colour(const QString& title, const QColor& initial) {
-    const QColor colour = QColorDialog::getColor(initial, parent(), title);
-    return colour.isValid() ? std::optional(colour) : std::nullopt;
+    QColorDialog dialog(initial, parent());
+    dialog.setWindowTitle(title);
+    // Only Qt's own dialog can have a Help button.
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>(); buttons != nullptr && show_help_) {
+        QPushButton* help = buttons->addButton(QDialogButtonBox::Help);
+        help->setObjectName("HelpButton"_L1);
+        help->setAutoDefault(false);
+        QObject::connect(buttons, &QDialogButtonBox::helpRequested, &dialog, show_help_);
+    }
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.selectedColor()) : std::nullopt;
 }
 
 }  // namespace pondera

@@ -3,6 +3,9 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 #include "workbench/prompts.h"
 
 namespace pondera {
@@ -14,6 +17,9 @@ class QtPrompts : public Prompts {
     /// `window` is the parent of everything shown; until one is set, windows stand alone.
     void set_window(QWidget* window) { window_ = window; }
 
+    /// What the Help button of the colour picker does: it shows the help page of the command that is running.
+    void set_help(std::function<void()> show_help) { show_help_ = std::move(show_help); }
+
     Answer message(const Message& message) override;
     bool run(QDialog& form) override;
     std::optional<QString> choose_file(const FileQuestion& question) override;
@@ -24,6 +30,7 @@ class QtPrompts : public Prompts {
     [[nodiscard]] QWidget* parent() const;
 
     QPointer<QWidget> window_;
+    std::function<void()> show_help_;
 };
 
 }  // namespace pondera

@@ -3,6 +3,7 @@
 #include "shell/frm_about.h"
 #include "shell/frm_settings.h"
 #include "shell/frm_wizard.h"
+#include "workbench/editing_control.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
 
@@ -11,6 +12,13 @@ namespace pondera {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A save leaves the caret at the start of the page; the person goes on writing where they were.
+void save_page(Workbench& workbench) {
+    workbench.editor().keep_place();
+    workbench.save();
+    workbench.editor().restore_place();
+}
 
 void show_settings(Workbench& workbench) {
     frmSettings form(workbench.settings(), nullptr);
@@ -37,7 +45,7 @@ QList<Command> rows_of_file() {
          .icon = u"save"_s,
          .keys = QKeySequence::Save,
          .when = Enabled::kEditing,
-         .run = [](Workbench& workbench) { workbench.save(); }},
+         .run = save_page},
         separator(menu),
         {.name = u"mnu_settings"_s,
          .caption = u"Se&ttings..."_s,

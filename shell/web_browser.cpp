@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
+#include <QShortcut>
 #include <QWebEngineSettings>
 
 #include "shell/browsing_rules.h"
@@ -37,6 +38,9 @@ class BrowsedPage : public QWebEnginePage {
 
 WebBrowser::WebBrowser(QWidget* parent) : QWebEngineView(parent) {
     setObjectName("WebBrowser1"_L1);
+    auto* back = new QShortcut(QKeySequence::Back, this);
+    back->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(back, &QShortcut::activated, this, &QWebEngineView::back);
     setPage(new BrowsedPage(folder_, *this));
     connect(this, &QWebEngineView::urlChanged, this, [this] {
         const QString file = shown_file();

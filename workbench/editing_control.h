@@ -71,6 +71,7 @@ struct Selection {
     SelectionType type = SelectionType::kNone;
     QString text;                            ///< the selected characters (type Text)
     QString html;                            ///< the selected markup (type Text)
+    QString colour;                          ///< of the letters at the selection, "#RRGGBB"; empty for an element
     QString link_href;                       ///< the link around or in the selection, empty when there is none
     QString parent_outer_html;               ///< the element that holds the selected text
     std::optional<SelectedElement> element;  ///< set for type Control
@@ -147,6 +148,12 @@ class EditingControl {
 
     /// Collapses the selection to the start of the document.
     virtual void caret_to_start() = 0;
+
+    /// Remembers the selection (caret, words or element), for restore_place.
+    virtual void keep_place() = 0;
+
+    /// Selects again what was selected when keep_place was called.
+    virtual void restore_place() = 0;
 };
 
 }  // namespace pondera

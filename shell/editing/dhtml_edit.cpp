@@ -219,6 +219,7 @@ Selection DHTMLEdit::selection() {
     const QJsonObject json = ask(u"selection.describe"_s).toObject();
     Selection selection;
     selection.link_href = json[u"link"_s].toString();
+    selection.colour = json[u"colour"_s].toString();
     const QString type = json[u"type"_s].toString();
     if (type == u"text"_s) {
         selection.type = SelectionType::kText;
@@ -298,6 +299,14 @@ void DHTMLEdit::paste_text() {
 
 void DHTMLEdit::caret_to_start() {
     ask(u"documentText.caretToStart"_s);
+}
+
+void DHTMLEdit::keep_place() {
+    ask(u"documentText.keepPlace"_s);
+}
+
+void DHTMLEdit::restore_place() {
+    ask(u"documentText.restorePlace"_s);
 }
 
 QJsonObject DHTMLEdit::state() {

@@ -46,6 +46,8 @@ class DHTMLEdit : public QWidget, public EditingControl {
     bool execute(EditCommand command, const QVariant& value = {}) override;
     void paste_text() override;
     void caret_to_start() override;
+    void keep_place() override;
+    void restore_place() override;
 
     /// What the window shows of the control, in one question: {"statuses": {"5000": 3, …}, "font", "size", "modified",
     /// "selection": "none" | "text" | "control"}.

@@ -30,6 +30,7 @@ OpenPage::OpenPage(const Roots& roots, EditingControl& editor, Prompts& prompts,
 
 /// Loads a page into the editing control.
 bool OpenPage::NUOVA_VIDEATA(const QString& folder, const QString& name) {
+    if (!may_convert_()) return false;
     const auto loaded = load(folder, name);
     if (!loaded) prompts_.tell(load_fault_message(loaded.error().number), MessageIcon::kCritical);
     return loaded.has_value();
@@ -70,7 +71,9 @@ bool OpenPage::Salvataggio_Doc_Cor() {
         const ProgressRun wait(progress_, u"Wait"_s, {}, 0);
         if (!salva_file(editor_.document_path())) return false;
     }
-    return !may_convert_() || write_published_page();
+    if (may_convert_()) return write_published_page();
+    editor_.mark_modified();
+    return true;
 }
 
 /// Saves the document to a path.

@@ -18,7 +18,8 @@ namespace pondera {
 /// the person and leaves the page in the editor, and what another program wrote is never overwritten unasked.
 class OpenPage {
   public:
-    /// `may_convert` is asked before each conversion into the published page.
+    /// `may_convert` is asked before a page is shown and before each conversion into the published page; it tells the
+    /// person why not.
     OpenPage(const Roots& roots, EditingControl& editor, Prompts& prompts, Progress& progress,
              std::function<bool()> may_convert);
 

@@ -2,6 +2,9 @@
 
 #include <QtWidgets>
 
+#include <algorithm>
+#include <array>
+
 #include "shell/website/form_buttons.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
@@ -89,7 +92,8 @@ bool PickerForm::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list_ && event->type() == QEvent::KeyPress && choice().isEmpty() &&
         list_->currentItem() != nullptr) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right) {
+        constexpr std::array kKeys{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home};
+        if (std::ranges::find(kKeys, key) != kKeys.end()) {
             list_->currentItem()->setSelected(true);
             return true;
         }

@@ -184,8 +184,9 @@ pondera.commands = (() => {
         pondera.history.step("command " + number, () => {
             if (textCommands[number]) {
                 pondera.merging.trimSelection();
-                document.execCommand(textCommands[number], false, value);
-                            }
+                const list = number === 5030 ? "ol" : number === 5051 ? "ul" : "";
+                if (!list || !pondera.lists.toggle(list)) document.execCommand(textCommands[number], false, value);
+            }
             if (elementCommands[number]) elementCommands[number](selection.control());
             else if (number === 5004) remove();
             else if (number === 5016) setLink(value);

@@ -188,6 +188,16 @@ pondera.documentText = (() => {
         getSelection().collapseToEnd();
     }
 
+    let keptPlace = null;
+
+    function keepPlace() {
+        keptPlace = selection.keep();
+    }
+
+    function restorePlace() {
+        selection.restore(keptPlace);
+    }
+
     function selectElement(name) {
         const element = named(name);
         if (!element) return false;
@@ -197,7 +207,7 @@ pondera.documentText = (() => {
     }
 
     return {
-        load, replace, pasteAtEnd, appendMarkup, replaceElement, replaceSelection, replaceParent, caretToStart, caretToEnd, selectElement,
+        load, replace, pasteAtEnd, appendMarkup, replaceElement, replaceSelection, replaceParent, caretToStart, caretToEnd, keepPlace, restorePlace, selectElement,
         text: () => pondera.serverScript.show(spelling.documentMarkup(prolog, epilog))
     };
 })();

@@ -212,7 +212,8 @@
         pondera.moved();
     });
     on("resize", () => selection.placeFrame());
-    on("load", () => selection.placeFrame());  // pictures that arrive
+    // Pictures that arrive; their load events do not reach the window.
+    document.addEventListener("load", () => selection.placeFrame(), true);
 
     function state() {
         return {

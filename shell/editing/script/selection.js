@@ -255,7 +255,9 @@ pondera.selection = (() => {
         if (!range) return { type: "none", link: "", parent: "" };
         const link = linkOf(range);
         const parent = elementOf(range);
-        const common = { link: link ? link.getAttribute("href") : "" };
+        const [red, green, blue] = (String(document.queryCommandValue("foreColor")).match(/\d+/g) || [0, 0, 0]).map(Number);
+        const colour = "#" + (0x1000000 + red * 0x10000 + green * 0x100 + blue).toString(16).slice(1).toUpperCase();
+        const common = { link: link ? link.getAttribute("href") : "", colour };
         if (range.collapsed) return { type: "none", ...common, parent: "" };
         const holder = document.createElement("div");
         holder.appendChild(range.cloneContents());

@@ -128,6 +128,20 @@ TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
     EXPECT_EQ(editor_.status(static_cast<EditCommand>(4711)), CommandStatus::kNotSupported);
 }
 
+TEST_F(Typing, ListsTakeTheParagraphsLookAndGiveItBack) {
+    load(u"<body><div><p class=lead align=center>one <b>two</b></p><p>three</p></div><ul><li>four</li></ul></body>"_s);
+    const QString before = body();
+    evaluate(
+        u"getSelection().setBaseAndExtent(document.querySelector('p').firstChild, 1, document.querySelectorAll('p')[1].firstChild, 2)"_s);
+    EXPECT_TRUE(editor_.execute(EditCommand::kOrderedList));
+    EXPECT_TRUE(body().contains(u"<OL>\n<LI class=lead align=center>one <B>two</B></LI>\n<LI>three</LI></OL>"_s))
+        << qPrintable(body());
+    EXPECT_TRUE(editor_.execute(EditCommand::kUnorderedList));
+    EXPECT_TRUE(body().contains(u"<UL>\n<LI class=lead"_s)) << qPrintable(body());
+    EXPECT_TRUE(editor_.execute(EditCommand::kUnorderedList));
+    EXPECT_EQ(body(), before);
+}
+
 TEST_F(Typing, ALinkOverTextThatHoldsOneLinksAllOfIt) {
     load(u"<body><p>one <a href=old.htm>two</a> three</p></body>"_s);
     editor_.execute(EditCommand::kSelectAll);
