@@ -28,20 +28,12 @@ class FormHand {
         throw std::runtime_error(missing(name));
     }
 
-    /// Replaces what a line edit, spin box or editable combo box holds.
-    const FormHand& type(const QString& name, const QString& text) const;
-
-    /// Clicks a button with the mouse.
+    const FormHand& type(const QString& name,
+                         const QString& text) const;  ///< replaces what a line edit or spin box holds
     const FormHand& click(const QString& name) const;
-
-    /// Picks the entry with that text in a list or tree.
-    const FormHand& choose(const QString& name, const QString& entry) const;
-
-    /// Double-clicks the entry with that text in a list or tree.
+    const FormHand& choose(const QString& name, const QString& entry) const;  ///< the entry's text in a list or tree
     const FormHand& double_click(const QString& name, const QString& entry) const;
-
-    /// Presses a key in the widget that has the focus.
-    const FormHand& press(Qt::Key key) const;
+    const FormHand& press(Qt::Key key) const;  ///< in the widget that has the focus
 
     /// Saves a picture of the form as FOLDER/`name`.png when the environment variable PONDERA_PICTURES names a folder.
     const FormHand& photograph(const QString& name) const;

@@ -25,9 +25,7 @@ class WindowFixture : public testing::Test {
     /// Makes the window anew, as the next start of the program does.
     void start();
 
-    /// Makes a Website with a home page alone.
-    void have_website(const QString& website);
-
+    void have_website(const QString& website);  ///< with a home page alone
     void write(const QString& website, const QString& file, const QString& body);
     [[nodiscard]] QString read(const QString& website, const QString& file) const;
 
@@ -42,14 +40,9 @@ class WindowFixture : public testing::Test {
     QString page() { return workbench().page(); }
     void open(const QString& website) { ASSERT_TRUE(workbench().open_website(website)); }
 
-    /// Chooses a command by its action's name; false when it is disabled.
-    bool choose(const QString& action);
-
-    /// Clicks the tree's item of a page.
+    bool choose(const QString& action);  ///< false when the command is disabled
     void click_in_tree(const QString& page);
-
-    /// Makes an unsaved change.
-    void change_page(const QString& text = QStringLiteral("changed"));
+    void change_page(const QString& text = QStringLiteral("changed"));  ///< an unsaved change
 
     /// The value of a script expression in a page shown.
     static QVariant evaluate(QWebEnginePage& page, const QString& script);

