@@ -65,6 +65,8 @@ TEST_F(MainFormTest, TheMenuKeyOpensTheManagementOnlyWithBothGeneratedFiles) {
     EXPECT_EQ(command_of_key(*key, folder), u"mnu_crea_menu");
     write(u"Shop"_s, u"media/img/pnd.css"_s, {});
     EXPECT_EQ(command_of_key(*key, folder), u"mnu_management_menu");
+    QFile::remove(folder + u"/media/img/menu_items.js"_s);
+    EXPECT_EQ(command_of_key(*key, folder), u"mnu_crea_menu");
 }
 
 TEST_F(MainFormTest, KeysFormatTextAndShowItsFormat) {
