@@ -1,18 +1,14 @@
 #include "base/files.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <sys/mount.h>
-#include <unistd.h>
 
-#include "base/text_file.h"
+#include "tests/support/test_folder.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 /// A file system of one megabyte. Mounting needs root.
 class MountedDisk {
@@ -21,8 +17,7 @@ class MountedDisk {
     ~MountedDisk() {
         if (mounted_) umount(folder_.path().toUtf8().constData());
     }
-    MountedDisk(const MountedDisk&) = delete;
-    MountedDisk& operator=(const MountedDisk&) = delete;
+    Q_DISABLE_COPY_MOVE(MountedDisk)
 
     [[nodiscard]] bool mounted() const { return mounted_; }
     [[nodiscard]] bool make_read_only() const {
@@ -41,9 +36,8 @@ TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
     const QString page = disk.file(u"page.htm"_s);
     ASSERT_TRUE(write_file(page, "old page"));
 
-    const QTemporaryDir elsewhere;
-    const QString big = elsewhere.filePath(u"big.htm"_s);
-    ASSERT_TRUE(write_file(big, QByteArray(3 << 20, 'x')));
+    const TestFolder elsewhere;
+    const QString big = elsewhere.put(u"big.htm"_s, QByteArray(3 << 20, 'x'));
     for (const auto& result : {write_file(page, QByteArray(3 << 20, 'x')), copy_file(big, page, IfExists::kReplace)}) {
         ASSERT_FALSE(result);
         EXPECT_EQ(result.error().number, FaultNumber::kDiskFull);
@@ -70,32 +64,21 @@ TEST(Files, WriteProtectedIsPermissionDenied) {
     EXPECT_EQ(create_folder(disk.file(u"Shop"_s)).error().number, FaultNumber::kPermissionDenied);
 }
 
-TEST(Files, CopyNeverTouchesAFileItMayNotReplace) {
-    const QTemporaryDir folder;
-    const QString source = folder.filePath(u"a"_s);
-    const QString target = folder.filePath(u"b"_s);
-    ASSERT_TRUE(write_file(source, "new"));
-    ASSERT_TRUE(write_file(target, "old"));
+TEST(Files, WhatIsInTheWayIsToldAndStays) {
+    const TestFolder folder;
+    const QString source = folder.put(u"a"_s, "new");
+    const QString target = folder.put(u"b"_s, "old");
     EXPECT_EQ(copy_file(source, target, IfExists::kFail).error().number, FaultNumber::kAlreadyExists);
-    EXPECT_EQ(read_file(target).value(), "old");
+    const auto missing = copy_file(folder.path(u"none"_s), target, IfExists::kReplace);
+    EXPECT_EQ(missing.error().number, FaultNumber::kPathNotFound);
+    EXPECT_EQ(folder.bytes(u"b"_s), "old");
     ASSERT_TRUE(copy_file(source, target, IfExists::kReplace));
-    EXPECT_EQ(read_file(target).value(), "new");
-    EXPECT_EQ(copy_file(folder.filePath(u"none"_s), target, IfExists::kReplace).error().number,
-              FaultNumber::kPathNotFound);
-    EXPECT_EQ(read_file(target).value(), "new");
-}
+    EXPECT_EQ(folder.bytes(u"b"_s), "new");
 
-TEST(Files, FoldersAndRemovalTellWhatWasInTheWay) {
-    const QTemporaryDir folder;
-    const QString shop = folder.filePath(u"Shop"_s);
-    ASSERT_TRUE(create_folder(shop));
-    EXPECT_EQ(create_folder(shop).error().number, FaultNumber::kAlreadyExists);
-    EXPECT_EQ(create_folder(folder.filePath(u"no/Shop"_s)).error().number, FaultNumber::kPathNotFound);
-    EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
-    EXPECT_TRUE(create_folders(folder.filePath(u"a/b/c"_s)));
-    EXPECT_EQ(remove_file(folder.filePath(u"none"_s)).error().number, FaultNumber::kPathNotFound);
+    EXPECT_EQ(create_folder(folder.path()).error().number, FaultNumber::kAlreadyExists);
+    EXPECT_EQ(create_folder(folder.path(u"no/Shop"_s)).error().number, FaultNumber::kPathNotFound);
+    for (int twice = 0; twice < 2; ++twice) EXPECT_TRUE(create_folders(folder.path(u"x/y/z"_s)));
+    EXPECT_EQ(remove_file(folder.path(u"none"_s)).error().number, FaultNumber::kPathNotFound);
 }
-
-}  // namespace
 
 }  // namespace pondera

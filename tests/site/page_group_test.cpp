@@ -1,22 +1,18 @@
 #include "site/page_group.h"
 
-#include <QDir>
-
 #include <map>
 #include <random>
 
-#include "base/text_file.h"
 #include "site/page_name.h"
+#include "tests/support/test_folder.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::map<QString, QByteArray> contents_of(const QDir& folder) {
+static std::map<QString, QByteArray> contents_of(const TestFolder& folder) {
     std::map<QString, QByteArray> contents;
-    for (const QString& name : folder.entryList(QDir::Files)) contents[name] = read_file(folder.filePath(name)).value();
+    for (const QString& name : QDir(folder.path()).entryList(QDir::Files)) contents[name] = folder.bytes(name);
     return contents;
 }
 
@@ -33,23 +29,20 @@ TEST(PageGroup, NamesTellThePlace) {
 TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
     std::mt19937 random(7);
     for (int round = 0; round < 25; ++round) {
-        const QTemporaryDir temporary;
-        const QDir folder(temporary.path());
-        const QStringList others{u"_4_Tour.htm"_s,        u"§_4_Tour.htm"_s,      u"_4_Tourist_page3_.htm"_s,
-                                 u"_4_tour_page4_.htm"_s, u"_4_Tour_page4.htm"_s, u"_§_1_card.htm"_s};
-        for (const QString& name : others) ASSERT_TRUE(write_file(folder.filePath(name), name.toUtf8()));
-        std::map<int, bool> numbers;
+        const TestFolder folder;
+        for (const QString& other : {u"_4_Tour.htm"_s, u"§_4_Tour.htm"_s, u"_4_Tourist_page3_.htm"_s,
+                                     u"_4_tour_page4_.htm"_s, u"_4_Tour_page4.htm"_s, u"_§_1_card.htm"_s})
+            folder.put(other, other.toUtf8());
+        int following = 0;
+        const int current = 1 + static_cast<int>(random() % 12);
         for (int number = 1; number <= 12; ++number) {
             const QString page = (random() % 4 ? u"_4_Tour_page%1_.htm"_s : u"_4_Tour_Page%1_.htm"_s).arg(number);
             const auto kinds = random() % 4;
-            QStringList files;
-            if (kinds & 1U) files += page;
-            if (kinds & 2U) files += editing_copy_name(page);
-            for (const QString& file : files) ASSERT_TRUE(write_file(folder.filePath(file), file.toUtf8()));
-            if (kinds) numbers[number] = true;
+            if (kinds & 1U) folder.put(page, page.toUtf8());
+            if (kinds & 2U) folder.put(editing_copy_name(page), editing_copy_name(page).toUtf8());
+            following += kinds != 0 && number > current;
         }
         const auto before = contents_of(folder);
-        const int current = 1 + static_cast<int>(random() % 12);
         const QString current_page = u"§_4_Tour_page%1_.htm"_s.arg(current);
 
         const auto [moves, error] = Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kMakeRoom);
@@ -64,7 +57,7 @@ TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
             EXPECT_TRUE(ours ? place && place->number == old_place->number + 1 : name == QString::fromUtf8(bytes))
                 << bytes.toStdString() << " became " << name.toStdString();
         }
-        EXPECT_EQ(moves.size(), std::distance(numbers.upper_bound(current), numbers.end()));
+        EXPECT_EQ(moves.size(), following);
 
         ASSERT_EQ(Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kCloseGap).error, QString());
         EXPECT_EQ(contents_of(folder), before);
@@ -72,15 +65,14 @@ TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
 }
 
 TEST(PageGroup, WhatStopsTheRenumberingIsTold) {
-    const QTemporaryDir temporary;
-    const QDir folder(temporary.path());
+    const TestFolder folder;
     EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour.htm"_s, Renumbering::kMakeRoom).error,
               u"Unforeseen mistake '_P' not noticed the name of the following page"_s);
 
     // The published page can be moved, its editing copy cannot: a folder has the name.
     for (const QString& name : {u"_4_Tour_page3_.htm"_s, u"_4_Tour_page4_.htm"_s, u"§_4_Tour_page4_.htm"_s})
-        ASSERT_TRUE(write_file(folder.filePath(name), name.toUtf8()));
-    ASSERT_TRUE(folder.mkdir(u"§_4_Tour_page5_.htm"_s));
+        folder.put(name, name.toUtf8());
+    ASSERT_TRUE(create_folder(folder.path(u"§_4_Tour_page5_.htm"_s)));
     auto expected = contents_of(folder);
     expected[u"_4_Tour_page5_.htm"_s] = expected.extract(u"_4_Tour_page4_.htm"_s).mapped();
     const auto [moves, error] = Rinominazione_File_Succ(folder.path(), u"_4_Tour_page2_.htm"_s, Renumbering::kMakeRoom);
@@ -88,7 +80,5 @@ TEST(PageGroup, WhatStopsTheRenumberingIsTold) {
     EXPECT_EQ(moves, QList<PageMove>({{u"_4_Tour_page4_.htm"_s, u"_4_Tour_page5_.htm"_s}}));
     EXPECT_EQ(contents_of(folder), expected);
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -1,22 +1,18 @@
 #include "site/website_creation.h"
 
-#include <QDir>
 #include <QRegularExpression>
 
-#include "base/files.h"
 #include "base/roots.h"
-#include "base/text_file.h"
 #include "site/card_page.h"
 #include "site/first_start.h"
 #include "site/interface_models.h"
 #include "site/page_name.h"
 #include "site/website_listing.h"
+#include "tests/support/test_folder.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
-
-namespace {
 
 /// A base folder as the first start leaves it, with what the program really ships.
 class WebsiteCreation : public testing::Test {
@@ -24,15 +20,14 @@ class WebsiteCreation : public testing::Test {
     void SetUp() override { ASSERT_TRUE(install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR "/system"), roots_)); }
 
     [[nodiscard]] QString text_of(const QString& website, const QString& file) const {
-        return read_text_file(QDir(roots_.website(website)).filePath(file)).value_or(TextFile{}).text;
+        return QString::fromUtf8(base_.bytes(u"Pondera/%1/%2"_s.arg(website, file)));
     }
 
-    QTemporaryDir base_;
+    TestFolder base_;
     Roots roots_{base_.path()};
 };
 
 TEST_F(WebsiteCreation, EveryShippedModelMakesAWebsite) {
-    ASSERT_EQ(list_interface_models(roots_), QStringList({u"Standard_Interface"_s, u"Store_Interface"_s}));
     for (const QString& model : list_interface_models(roots_)) {
         ASSERT_EQ(interface_model_cards(roots_, model), QList<int>({1, 2}));
         for (const int card : {1, 2}) {
@@ -46,18 +41,14 @@ TEST_F(WebsiteCreation, EveryShippedModelMakesAWebsite) {
 
             const QString home = text_of(name, u"çindex.htm"_s);
             EXPECT_EQ(home.count(u"<title>%1 - Home Page</title>"_s.arg(name)), 1);
-            EXPECT_FALSE(home.contains(u"MODELLO"_s));
-            EXPECT_FALSE(home.contains(u"Subject..."_s));
-            EXPECT_FALSE(home.contains(u"photo-show"_s));
-            EXPECT_FALSE(home.contains(u"Avanti"_s));
+            for (const QString& placeholder : {u"MODELLO"_s, u"Subject..."_s, u"photo-show"_s, u"Avanti"_s})
+                EXPECT_FALSE(home.contains(placeholder)) << placeholder.toStdString();
             EXPECT_EQ(text_of(name, u"index.htm"_s), home);
 
             static const QRegularExpression picture(u"media/img/[\\w.-]+"_s);
             for (const QString& file : {u"çindex.htm"_s, u"_§_2_card.htm"_s, u"_çmenu.htm"_s})
-                for (auto hits = picture.globalMatch(text_of(name, file)); hits.hasNext();) {
-                    const QString path = hits.next().captured();
-                    EXPECT_TRUE(folder.exists(path)) << path.toStdString();
-                }
+                for (const auto& hit : picture.globalMatch(text_of(name, file)))
+                    EXPECT_TRUE(folder.exists(hit.captured())) << hit.captured().toStdString();
         }
     }
     EXPECT_EQ(list_websites(roots_).size(), 4);
@@ -72,27 +63,32 @@ TEST_F(WebsiteCreation, AUsedNameIsRefusedBeforeAnythingIsWritten) {
 
     abandon_website_folder(roots_, u"Shop"_s);
     EXPECT_TRUE(create_website_folder(roots_, u"Shop"_s));
-    ASSERT_TRUE(write_file(roots_.website(u"Shop"_s) + u"/mine.txt"_s, "x"));
+    const QString mine = base_.put(u"Pondera/Shop/mine.txt"_s);
     abandon_website_folder(roots_, u"Shop"_s);
-    EXPECT_TRUE(QFileInfo::exists(roots_.website(u"Shop"_s) + u"/mine.txt"_s));
+    EXPECT_TRUE(QFileInfo::exists(mine));
 }
 
 TEST_F(WebsiteCreation, AWebsiteWithoutItsTemplatesIsNoWebsite) {
     ASSERT_TRUE(create_website_folder(roots_, u"Shop"_s));
-    const auto filled = fill_website(roots_, {u"Shop"_s, u"No_Such_Model"_s, 1});
-    ASSERT_FALSE(filled);
-    EXPECT_EQ(website_creation_message(filled.error()), u"Error occurred while creating: code:76"_s);
+    EXPECT_EQ(website_creation_message(fill_website(roots_, {u"Shop"_s, u"No_Such_Model"_s, 1}).error()),
+              u"Error occurred while creating: code:76"_s);
     EXPECT_FALSE(is_website(roots_.website(u"Shop"_s)));
     EXPECT_EQ(website_creation_message({FaultNumber::kPermissionDenied, {}, {}}),
               u"Read-only disk. Impossible to create the Website!"_s);
 }
 
-TEST_F(WebsiteCreation, PicturesOutsideTheSystemFolderAreNotFetched) {
-    const QString card = interface_model_card(roots_, u"Mine"_s, 1);
-    ASSERT_TRUE(write_file(
-        card, "<img src=\"media/img/..%2F..%2Fvuota.htm\"><img src='media\\img\\slide.jpg'>media/img/none.gif"));
+TEST_F(WebsiteCreation, AModelOfThePersonsOwnBringsOnlyItsPictures) {
+    const QString system = u"Pondera/Pondera_System/"_s;
+    for (const QString& other : {u"art-10_§_1_card.htm"_s, u"art-1_çMenu.htm"_s, u"old_card.htm"_s, u"_§_1_card.htm"_s})
+        base_.put(system + other);
+    base_.put(system + u"art-1_§_2_card.htm"_s,
+              "<img src=\"media/img/..%2F..%2Fvuota.htm\"><img src='media\\img\\slide.jpg'>media/img/none.gif");
+    EXPECT_EQ(list_interface_models(roots_),
+              QStringList({u"art-1"_s, u"art-10"_s, u"Standard_Interface"_s, u"Store_Interface"_s}));
+    EXPECT_EQ(interface_model_cards(roots_, u"art-1"_s), QList<int>({2}));
+
     ASSERT_TRUE(create_website_folder(roots_, u"Shop"_s));
-    ASSERT_TRUE(fill_website(roots_, {u"Shop"_s, u"Mine"_s, 1}));
+    ASSERT_TRUE(fill_website(roots_, {u"Shop"_s, u"art-1"_s, 2}));
     EXPECT_EQ(QDir(roots_.website(u"Shop"_s) + u"/media/img"_s).entryList(QDir::Files), QStringList({u"slide.jpg"_s}));
     EXPECT_FALSE(QFileInfo::exists(roots_.website(u"Shop"_s) + u"/vuota.htm"_s));
 }
@@ -100,13 +96,11 @@ TEST_F(WebsiteCreation, PicturesOutsideTheSystemFolderAreNotFetched) {
 TEST(CardPage, PhotoShowBlocksStayOnlyInPhotoShows) {
     const QString card =
         u"<TITLE>MODELLO</TITLE><!-- photo-show --><script>1</script><!-- /photo-show --><h1>Subject...</h1>"
-        u"<!-- photo-show --><img><!-- /photo-show -->"_s;
+        u"<!-- photo-show --><img><!-- /Photo-show --><!-- photo-show -->"_s;
     EXPECT_EQ(page_from_card(card, {.title = u"<Sea"_s, .heading = u"Sea & sun"_s}),
-              u"<title>&lt;Sea</title><h1>Sea &amp; sun</h1>"_s);
+              u"<title>&lt;Sea</title><h1>Sea &amp; sun</h1><!-- photo-show -->"_s);
     EXPECT_EQ(page_from_card(card, {.title = u"Sea"_s, .heading = u"The sea"_s, .photo_show = true}),
               u"<title>Sea</title><script>1</script><h1>The sea</h1><img>"_s);
 }
-
-}  // namespace
 
 }  // namespace pondera

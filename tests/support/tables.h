@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+
+#include "tests/support/print_qt.h"
+
+namespace pondera {
+
+/// Expects of every row, "text → result", that `become` turns the text into the result.
+template <typename Become>
+void expect_results(Become become, std::initializer_list<const char16_t*> rows) {
+    constexpr QStringView kArrow = u" → ";
+    for (const QStringView row : rows) {
+        const qsizetype arrow = row.indexOf(kArrow);
+        ASSERT_GE(arrow, 0) << row.toUtf8().toStdString();
+        EXPECT_EQ(become(row.first(arrow).toString()), row.sliced(arrow + kArrow.size()).toString())
+            << row.toUtf8().toStdString();
+    }
+}
+
+/// Expects of every text that `become` leaves it as it is.
+template <typename Become>
+void expect_unchanged(Become become, std::initializer_list<const char16_t*> texts) {
+    for (const QStringView text : texts) EXPECT_EQ(become(text.toString()), text.toString());
+}
+
+}  // namespace pondera
