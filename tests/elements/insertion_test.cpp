@@ -2,11 +2,45 @@
 
 #include <array>
 
+#include "elements/element_name.h"
+#include "elements/stacking_level.h"
+#include "tests/support/tables.h"
+
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
-namespace {
+TEST(StackingLevel, NextFreeLevelIsHighestPlusOne) {
+    expect_results(
+        FzIndex,
+        {u"<P>no levels at all</P> → 1", u"style=\"z-index: 5; left: 1\" style=\"Z-INDEX: 901; LEFT: 1px\" → 902",
+         u"style=\"Z-index: 7; x\" style=\"z-Index: 40; x\" → 41", u"style=\"Z-INDEX: 12345; LEFT: 1px\" → 1235",
+         u"style=\"Z-INDEX: 830\" name=a> style=\"Z-INDEX: 12; x\" → 13",  // a quote follows too soon
+         u"style=\"Z-INDEX:900; LEFT: 1px\" style=\"Z-INDEX: 3; x\" → 4",  // no blank, no level
+         u"style=\"Z-INDEX: auto; x\" style=\"Z-INDEX: 20; x\" → 21",
+         u"style=\"Z-INDEX: -5; x\" style=\"Z-INDEX: -9; x\" → -4",
+         u"style=\"Z-INDEX: 0; x\" style=\"Z-INDEX: -9; x\" → -8",  // 0 gives way without comparison
+         u"style=\"Z-INDEX: 9 → 10"});
+}
+
+TEST(ElementName, IsMadeFromTheFileNameAndFreeOnThePage) {
+    expect_results(element_name, {u"a_b!c,d?e;f:g*h/i+j\r\nk - l → axbxcxdxexfxgxhxixjxxkxxxl",
+                                  u"mystyle STYLE.gif → mystilexSTILExgif"});
+    const QString page =
+        u"<IMG name=axjpg src=\"a.jpg\"><IMG src=\"b.jpg\" name=\"marchio\"><DIV name=marchio2>name=bxjpg</DIV>"_s;
+    expect_results([&](const QString& file) { return free_element_name(file, page); },
+                   {u"a.jpg → axjpg2", u"marchio → marchio3", u"b.jpg → bxjpg", u"axjp → axjp",
+                    u"\"<fa\u00e7ade>\\.gif → faadexgif", u" → image"});
+}
+
+TEST(ElementName, APictureIsNeverTakenForAnElementOfTheProgram) {
+    for (const QString& file : {u"S1000123.JPG"_s, u"parco.jpg"_s, u"mr.jpg"_s}) {
+        const QString tag = u"<IMG name=%1 src=\"a\">"_s.arg(free_element_name(file, {}));
+        EXPECT_FALSE(is_media_placeholder(tag) || has_reserved_name(tag)) << tag.toStdString();
+    }
+    EXPECT_TRUE(is_media_placeholder(u"<IMG data-name=q src=\"a\" name=S110>"));
+    EXPECT_FALSE(is_media_placeholder(u"<IMG alt=\"name=S100\" name=Sandra>"));
+}
 
 TEST(Insertion, PictureMarkupFollowsTheTemplate) {
     PictureInsertion picture{.page_text = u"<BODY><IMG style=\"Z-INDEX: 1004; LEFT: 1px\" name=myxphotoxjpg></BODY>"_s,
@@ -17,7 +51,6 @@ TEST(Insertion, PictureMarkupFollowsTheTemplate) {
     EXPECT_EQ(picture_markup(picture),
               u"<IMG name=\"myxphotoxjpg2\" style=\"Z-INDEX: 8305; LEFT: 10px; POSITION: absolute; TOP: 10px\" "
               "src=\"media/img/my-photo.jpg\">"_s);
-
     picture.page_text = u"<BODY></BODY>"_s;
     picture.page_file = u"§_x_Small.htm"_s;
     picture.size = QSize(640, 480);
@@ -27,17 +60,14 @@ TEST(Insertion, PictureMarkupFollowsTheTemplate) {
 }
 
 TEST(Insertion, APopupSizeThatIsOwnInBothIsReset) {
-    const std::vector<std::array<QString, 4>> cases{{u"640"_s, u"480"_s, u"800"_s, u"600"_s},
-                                                    {u"800"_s, u"480"_s, u"800"_s, u"480"_s},
-                                                    {u"640"_s, u"600"_s, u"640"_s, u"600"_s}};
-    for (const auto& [width, height, settled_width, settled_height] : cases) {
+    const std::vector<std::array<QString, 3>> cases{{u"640"_s, u"480"_s, u"800 x 600"_s},
+                                                    {u"800"_s, u"480"_s, u"800 x 480"_s},
+                                                    {u"640"_s, u"600"_s, u"640 x 600"_s}};
+    for (const auto& [width, height, settled] : cases) {
         PopupSize size{width, height};
         settle_popup_size(size);
-        EXPECT_EQ(size.width, settled_width);
-        EXPECT_EQ(size.height, settled_height);
+        EXPECT_EQ(size.width + u" x "_s + size.height, settled);
     }
 }
-
-}  // namespace
 
 }  // namespace pondera
