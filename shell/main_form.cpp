@@ -254,7 +254,12 @@ void MainForm::show_page() {
     status_bar_->show_page(workbench_.page_label());
     tree_->mark_current(workbench_.page());
     if (workbench_.browsing() && browser_->shown_file() != workbench_.page()) browser_->show_page(workbench_.page());
-    if (!workbench_.browsing()) editor_->setFocus();
+    // Queued: the form that opened the page is still closing, and the window gets the focus back only then.
+    if (!workbench_.browsing()) QMetaObject::invokeMethod(this, &MainForm::focus_page, Qt::QueuedConnection);
+}
+
+void MainForm::focus_page() {
+    editor_->take_focus();
 }
 
 void MainForm::show_recent() {

@@ -59,6 +59,7 @@ class MainForm : public QMainWindow {
     void show_website();
     void show_tree();
     void show_page();
+    void focus_page();
     void show_recent();
     void show_context_menu(const QPoint& position);
     void show_mode(bool browsing);

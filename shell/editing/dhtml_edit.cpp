@@ -309,6 +309,13 @@ void DHTMLEdit::restore_place() {
     ask(u"documentText.restorePlace"_s);
 }
 
+void DHTMLEdit::take_focus() {
+    // The engine hears of a focus only when it arrives; one that the view had before the page came does not count.
+    QWidget* inside = view_->focusProxy() == nullptr ? view_ : view_->focusProxy();
+    inside->clearFocus();
+    inside->setFocus();
+}
+
 QJsonObject DHTMLEdit::state() {
     return path_.isEmpty() ? QJsonObject() : ask(u"state"_s).toObject();
 }

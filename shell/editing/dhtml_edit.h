@@ -53,6 +53,9 @@ class DHTMLEdit : public QWidget, public EditingControl {
     /// "selection": "none" | "text" | "control"}.
     [[nodiscard]] QJsonObject state();
 
+    /// Gives the page the keyboard.
+    void take_focus();
+
     /// The engine's view inside, for what only it can do (focus, zoom).
     [[nodiscard]] QWebEngineView* view() const { return view_; }
 

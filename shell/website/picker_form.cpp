@@ -49,7 +49,10 @@ PickerForm::PickerForm(Workbench& workbench, const PickerTexts& texts, const QLi
     setWindowTitle(texts.title);
     list_->setObjectName(u"list"_s);
     list_->setMinimumSize(360, 220);
-    list_->setStyleSheet(u"QListWidget::item { padding: 5px; }"_s);
+    // The entry that has the focus must not look as if it were chosen.
+    list_->setStyleSheet(
+        u"QListWidget { outline: 0; } QListWidget::item { padding: 5px; } "
+        "QListWidget::item:!selected { background: transparent; border: none; }"_s);
     if (texts.pictures) show_as_pictures();
     for (const PickerEntry& entry : entries) {
         auto* item = new QListWidgetItem(entry.text, list_);

@@ -211,6 +211,13 @@
         history.selectionMoved();
         pondera.moved();
     });
+    // A caret that was set while the page had no focus takes no letters until it is set again.
+    window.addEventListener("focus", () => {
+        const place = selection.keep();
+        if (place.type !== "text") return;
+        getSelection().removeAllRanges();
+        selection.restore(place);
+    });
     on("resize", () => selection.placeFrame());
     // Pictures that arrive; their load events do not reach the window.
     document.addEventListener("load", () => selection.placeFrame(), true);
