@@ -139,6 +139,11 @@ void MainForm::build_tree() {
     addDockWidget(Qt::LeftDockWidgetArea, tree_dock_);
     resizeDocks({tree_dock_}, {230}, Qt::Horizontal);
 
+    auto* to_tree = new QShortcut(QKeySequence(u"Ctrl+3"_s), this);
+    connect(to_tree, &QShortcut::activated, this, [this] {
+        tree_dock_->show();
+        tree_->setFocus();
+    });
     QAction* toggle = tree_dock_->toggleViewAction();
     toggle->setObjectName("mnu_tree"_L1);
     toggle->setText(u"&Pages"_s);
