@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "elements/image/picture_preview.h"
+#include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 
 namespace pondera {
@@ -31,10 +32,7 @@ Frm_Inserisci_Imm::Frm_Inserisci_Imm(PictureUse use, Prompts& prompts,
     choose_button->setObjectName("choose_picture"_L1);
     choose_button->setAutoDefault(false);
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("OKButton"_L1);
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName("CancelButton"_L1);
-    buttons->button(QDialogButtonBox::Help)->setObjectName("HelpButton"_L1);
+    auto* buttons = form_buttons(*this, [this, show_help] { show_help(use_.help); });
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(20, 18, 20, 16);
@@ -50,9 +48,6 @@ Frm_Inserisci_Imm::Frm_Inserisci_Imm(PictureUse use, Prompts& prompts,
     connect(choose_button, &QPushButton::clicked, this, &Frm_Inserisci_Imm::choose);
     connect(path_, &QLineEdit::textChanged, this, &Frm_Inserisci_Imm::probe);
     connect(preview_, &PicturePreview::fileDropped, this, &Frm_Inserisci_Imm::show_file);
-    connect(buttons, &QDialogButtonBox::accepted, this, &Frm_Inserisci_Imm::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this, [this, show_help] { show_help(use_.help); });
     probe();
 }
 

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "elements/image_size.h"
+#include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 
 namespace pondera {
@@ -38,10 +39,7 @@ Frm_Ridim_Imm::Frm_Ridim_Imm(SizeQuestion question, Prompts& prompts, const std:
     proportional_->setObjectName("keep_proportions"_L1);
     proportional_->setChecked(true);
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
-    buttons->button(QDialogButtonBox::Ok)->setObjectName("OKButton"_L1);
-    buttons->button(QDialogButtonBox::Cancel)->setObjectName("CancelButton"_L1);
-    buttons->button(QDialogButtonBox::Help)->setObjectName("HelpButton"_L1);
+    auto* buttons = form_buttons(*this, [this, show_help] { show_help(question_.help); });
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(20, 18, 20, 16);
@@ -63,9 +61,6 @@ Frm_Ridim_Imm::Frm_Ridim_Imm(SizeQuestion question, Prompts& prompts, const std:
     const qreal ratio = static_cast<qreal>(qMax(1, question_.size.height())) / qMax(1, question_.size.width());
     connect(width_, &QLineEdit::textEdited, this, [this, ratio] { typed(*width_, *height_, ratio); });
     connect(height_, &QLineEdit::textEdited, this, [this, ratio] { typed(*height_, *width_, 1 / ratio); });
-    connect(buttons, &QDialogButtonBox::accepted, this, &Frm_Ridim_Imm::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this, [this, show_help] { show_help(question_.help); });
 }
 
 void Frm_Ridim_Imm::typed(QLineEdit& field, QLineEdit& other, qreal other_per_field) {

@@ -131,6 +131,7 @@ FileResult<void> DHTMLEdit::load_document(const QString& path) {
     if (!bytes) return std::unexpected(bytes.error());
     const QString folder = QFileInfo(path).absolutePath();
     const QString before = text();
+    keep_text_.stop();  // what it would keep now belongs to the page before
     if (!page_->start(QUrl::fromLocalFile(folder + u'/')) || !show_text(decode_text(*bytes).text)) {
         known_text_ = before;
         page_->forget();
@@ -164,9 +165,10 @@ void DHTMLEdit::remember_file(const QByteArray& bytes) {
 }
 
 FileResult<void> DHTMLEdit::save_document(const QString& path) {
-    const QString whole = revive() ? text() : QString();
-    if (whole.isEmpty()) return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
-    const QByteArray bytes = encode_text(whole, encoding_);
+    // Not text(): what was last known would do for showing, but may lack the last letters.
+    const QJsonValue whole = ask(u"documentText.text"_s);
+    if (!whole.isString()) return std::unexpected(FileError{FaultNumber::kUnexpected, path, {}});
+    const QByteArray bytes = encode_text(with_line_ends(whole.toString()), encoding_);
     const auto written = write_file(path, bytes);
     if (!written) return std::unexpected(control_error(written.error()));
     path_ = path;
@@ -204,7 +206,8 @@ void DHTMLEdit::mark_modified() {
 
 QString DHTMLEdit::text() {
     if (path_.isEmpty()) return {};
-    return with_line_ends(ask(u"documentText.text"_s).toString(known_text_));
+    const QJsonValue text = ask(u"documentText.text"_s);
+    return text.isString() ? with_line_ends(text.toString()) : known_text_;
 }
 
 void DHTMLEdit::replace_text(const QString& html) {

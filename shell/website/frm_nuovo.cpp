@@ -2,8 +2,8 @@
 
 #include <QtWidgets>
 
-#include "shell/website/form_buttons.h"
 #include "site/name_rules.h"
+#include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
 
@@ -29,7 +29,9 @@ Frm_Nuovo::Frm_Nuovo(Workbench& workbench) : QDialog(workbench.window()), workbe
     layout->addWidget(name_);
     layout->addWidget(note);
     layout->addSpacing(8);
-    layout->addWidget(form_buttons(*this, workbench, {u"/_HELP/_6_File New Proj.htm"_s, u"Help - New Website"_s}));
+    layout->addWidget(form_buttons(*this, [&workbench] {
+        workbench.show_help({u"/_HELP/_6_File New Proj.htm"_s, u"Help - New Website"_s});
+    }));
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "shell/website/form_buttons.h"
+#include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
 
@@ -75,7 +75,7 @@ PickerForm::PickerForm(Workbench& workbench, const PickerTexts& texts, const QLi
     layout->addWidget(prompt);
     layout->addWidget(list_, 1);
     layout->addWidget(about_);
-    layout->addWidget(form_buttons(*this, workbench, texts.help));
+    layout->addWidget(form_buttons(*this, [&workbench, help = texts.help] { workbench.show_help(help); }));
 }
 
 QString PickerForm::choice() const {

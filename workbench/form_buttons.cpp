@@ -1,14 +1,12 @@
-#include "shell/website/form_buttons.h"
+#include "workbench/form_buttons.h"
 
 #include <QtWidgets>
-
-#include "workbench/workbench.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
-QDialogButtonBox* form_buttons(QDialog& form, Workbench& workbench, const Help& help) {
+QDialogButtonBox* form_buttons(QDialog& form, const std::function<void()>& show_help) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"OKButton"_s);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
@@ -16,8 +14,7 @@ QDialogButtonBox* form_buttons(QDialog& form, Workbench& workbench, const Help& 
     buttons->button(QDialogButtonBox::Help)->setObjectName(u"HelpButton"_s);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &form, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &form, &QDialog::reject);
-    QObject::connect(buttons, &QDialogButtonBox::helpRequested, &form,
-                     [&workbench, help] { workbench.show_help(help); });
+    QObject::connect(buttons, &QDialogButtonBox::helpRequested, &form, show_help);
     return buttons;
 }
 
