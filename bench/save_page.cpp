@@ -24,14 +24,17 @@ class Nobody : public Prompts {
     Answer message(const Message& message) override { return message.answers.constFirst(); }
     bool run(QDialog&) override { return false; }
     std::optional<QString> choose_file(const FileQuestion&) override { return {}; }
+    std::optional<QString> choose_new_file(const FileQuestion&) override { return {}; }
     std::optional<QString> choose_folder(const QString&, const QString&) override { return {}; }
     std::optional<QColor> choose_colour(const QString&, const QColor&) override { return {}; }
 };
 
 class NoProgress : public Progress {
   public:
-    void begin(const QString&, const QString&, int) override {}
+    void begin(const QString&, const QString&, int, Cancelling) override {}
+    void set_steps(int) override {}
     void advance(int) override {}
+    [[nodiscard]] bool cancelled() const override { return false; }
     void end() override {}
 };
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/tag_walk.h"
 #include "base/text.h"
-#include "elements/tag_walk.h"
 
 namespace pondera {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "base/tag_walk.h"
 #include "elements/markup.h"
-#include "elements/tag_walk.h"
 
 namespace pondera {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "elements/tag_walk.h"
+#include "base/tag_walk.h"
 
 namespace pondera {
 

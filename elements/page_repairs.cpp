@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "base/tag_walk.h"
 #include "base/text.h"
-#include "elements/tag_walk.h"
 
 namespace pondera {
 

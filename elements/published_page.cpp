@@ -1,9 +1,9 @@
 #include "elements/published_page.h"
 
+#include "base/tag_walk.h"
 #include "elements/element_name.h"
 #include "elements/markup.h"
 #include "elements/page_repairs.h"
-#include "elements/tag_walk.h"
 
 namespace pondera {
 

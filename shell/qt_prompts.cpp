@@ -90,6 +90,12 @@ std::optional<QString> QtPrompts::choose_file(const FileQuestion& question) {
     return path.isEmpty() ? std::nullopt : std::optional(QDir::toNativeSeparators(path));
 }
 
+std::optional<QString> QtPrompts::choose_new_file(const FileQuestion& question) {
+    const QString path =
+        QFileDialog::getSaveFileName(parent(), question.title, question.start_folder, question.filters.join(u";;"_s));
+    return path.isEmpty() ? std::nullopt : std::optional(QDir::toNativeSeparators(path));
+}
+
 std::optional<QString> QtPrompts::choose_folder(const QString& title, const QString& start_folder) {
     const QString path = QFileDialog::getExistingDirectory(parent(), title, start_folder);
     return path.isEmpty() ? std::nullopt : std::optional(QDir::toNativeSeparators(path));

@@ -23,6 +23,7 @@ class QtPrompts : public Prompts {
     Answer message(const Message& message) override;
     bool run(QDialog& form) override;
     std::optional<QString> choose_file(const FileQuestion& question) override;
+    std::optional<QString> choose_new_file(const FileQuestion& question) override;
     std::optional<QString> choose_folder(const QString& title, const QString& start_folder) override;
     std::optional<QColor> choose_colour(const QString& title, const QColor& initial) override;
 

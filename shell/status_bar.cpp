@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QToolButton>
 
 namespace pondera {
 
@@ -28,16 +30,21 @@ StatusBar::StatusBar(QWidget* parent)
       modified_(panel(u"panel_modified"_s)),
       what_(panel(u"panel_what"_s)),
       state_(panel(u"panel_state"_s)),
-      bar_(new QProgressBar) {
+      bar_(new QProgressBar),
+      cancel_(new QToolButton) {
     setObjectName("StatusBar1"_L1);
     bar_->setObjectName("ProgressBar1"_L1);
     bar_->setFixedWidth(180);
     bar_->setTextVisible(false);
+    cancel_->setObjectName("cmd_cancel"_L1);
+    cancel_->setText(u"Cancel"_s);
+    cancel_->setToolTip(u"Cancel (Esc)"_s);
     addWidget(page_);
     addWidget(modified_);
     addPermanentWidget(what_);
     addPermanentWidget(state_);
     addPermanentWidget(bar_);
+    addPermanentWidget(cancel_);
     hide_work();
 }
 
@@ -49,12 +56,17 @@ void StatusBar::show_modified(bool modified) {
     modified_->setText(modified ? u"Unsaved changes"_s : QString());
 }
 
-void StatusBar::show_work(const QString& what, const QString& state, int steps) {
+void StatusBar::show_work(const QString& what, const QString& state, int steps, Cancelling cancelling) {
     what_->setText(what);
     state_->setText(state);
     bar_->setRange(0, steps);
     bar_->setValue(0);
     bar_->show();
+    cancel_->setVisible(cancelling == Cancelling::kYes);
+}
+
+void StatusBar::show_steps(int steps) {
+    bar_->setRange(0, steps);
 }
 
 void StatusBar::show_done(int done) {
@@ -65,12 +77,20 @@ void StatusBar::hide_work() {
     what_->clear();
     state_->clear();
     bar_->hide();
+    cancel_->hide();
 }
 
-void StatusProgress::begin(const QString& what, const QString& state, int steps) {
+void StatusProgress::begin(const QString& what, const QString& state, int steps, Cancelling cancelling) {
+    can_be_cancelled_ = cancelling == Cancelling::kYes;
+    cancelled_ = false;
     if (bar_ == nullptr) return;
-    bar_->show_work(what, state, steps);
+    bar_->show_work(what, state, steps, cancelling);
+    if (can_be_cancelled_) QCoreApplication::instance()->installEventFilter(this);
     let_paint();
+}
+
+void StatusProgress::set_steps(int steps) {
+    if (bar_ != nullptr) bar_->show_steps(steps);
 }
 
 void StatusProgress::advance(int done) {
@@ -80,11 +100,43 @@ void StatusProgress::advance(int done) {
 }
 
 void StatusProgress::end() {
+    QCoreApplication::instance()->removeEventFilter(this);
+    can_be_cancelled_ = false;
     if (bar_ != nullptr) bar_->hide_work();
 }
 
+bool StatusProgress::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+            if (watched == &bar_->cancel_button()) {
+                if (event->type() == QEvent::MouseButtonRelease) cancelled_ = true;
+                return false;
+            }
+            return watched->isWidgetType();
+        case QEvent::KeyPress:
+        case QEvent::ShortcutOverride:
+            if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) cancelled_ = true;
+            return watched->isWidgetType();
+        case QEvent::Close:
+            event->ignore();
+            return true;
+        case QEvent::KeyRelease:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::DragEnter:
+        case QEvent::Drop:
+            return watched->isWidgetType();
+        case QEvent::Shortcut:
+            return true;
+        default:
+            return false;
+    }
+}
+
 void StatusProgress::let_paint() {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(can_be_cancelled_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
     painted_.start();
 }
 

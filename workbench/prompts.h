@@ -43,6 +43,10 @@ class Prompts {
     virtual bool run(QDialog& form) = 0;
 
     virtual std::optional<QString> choose_file(const FileQuestion& question) = 0;
+
+    /// Where to write a file; `start_folder` may end in the name that is offered. The person has agreed to replace a
+    /// file that is there.
+    virtual std::optional<QString> choose_new_file(const FileQuestion& question) = 0;
     virtual std::optional<QString> choose_folder(const QString& title, const QString& start_folder) = 0;
     virtual std::optional<QColor> choose_colour(const QString& title, const QColor& initial) = 0;
 

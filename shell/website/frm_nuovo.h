@@ -1,27 +1,15 @@
 #pragma once
 
-#include <QDialog>
-
-class QLineEdit;
+#include "shell/name_form.h"
 
 namespace pondera {
 
-class Workbench;
-
-/// Asks the name of a new Website; closes with OK only on a name that the rules allow.
-class Frm_Nuovo : public QDialog {
+/// Asks the name of a new Website, by the rules for such names.
+class Frm_Nuovo : public NameForm {
     Q_OBJECT
 
   public:
     explicit Frm_Nuovo(Workbench& workbench);
-
-    [[nodiscard]] QString name() const;
-
-    void accept() override;
-
-  private:
-    Workbench& workbench_;
-    QLineEdit* name_;
 };
 
 }  // namespace pondera

@@ -1,6 +1,6 @@
 #include "elements/markup.h"
 
-#include "elements/tag_walk.h"
+#include "base/tag_walk.h"
 #include "tests/support/tables.h"
 
 namespace pondera {

@@ -125,15 +125,24 @@ bool ScriptedPrompts::run(QDialog& form) {
     return form.exec() == QDialog::Accepted;
 }
 
-std::optional<QString> ScriptedPrompts::choose_file(const FileQuestion& question) {
-    questions_ += question;
-    const auto step = next("file", question.title);
+std::optional<QString> ScriptedPrompts::path_for(const std::string& kind, const QString& title) {
+    const auto step = next(kind, title);
     return step && !step->text.isEmpty() ? std::optional(step->text) : std::nullopt;
 }
 
-std::optional<QString> ScriptedPrompts::choose_folder(const QString& title, const QString& /*start_folder*/) {
-    ADD_FAILURE() << "asked for a folder: " << title.toStdString();
-    return std::nullopt;
+std::optional<QString> ScriptedPrompts::choose_file(const FileQuestion& question) {
+    questions_ += question;
+    return path_for("file", question.title);
+}
+
+std::optional<QString> ScriptedPrompts::choose_new_file(const FileQuestion& question) {
+    questions_ += question;
+    return path_for("new file", question.title);
+}
+
+std::optional<QString> ScriptedPrompts::choose_folder(const QString& title, const QString& start_folder) {
+    questions_ += {title, start_folder, {}};
+    return path_for("folder", title);
 }
 
 std::optional<QColor> ScriptedPrompts::choose_colour(const QString& title, const QColor& /*initial*/) {

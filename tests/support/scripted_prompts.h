@@ -68,8 +68,10 @@ class ScriptedPrompts : public Prompts {
         return expect({"form", name, {}, std::move(fill)});
     }
 
-    /// Next comes a picker of a file or a colour; an empty path or invalid colour is Cancel.
+    /// Next comes a picker of a file, a file to write, a folder or a colour; an empty path or invalid colour is Cancel.
     ScriptedPrompts& expect_file(const QString& path) { return expect({"file", path}); }
+    ScriptedPrompts& expect_new_file(const QString& path) { return expect({"new file", path}); }
+    ScriptedPrompts& expect_folder(const QString& path) { return expect({"folder", path}); }
     ScriptedPrompts& expect_colour(const QColor& colour) { return expect({"colour", {}, {}, {}, colour}); }
 
     /// Every message shown so far.
@@ -81,6 +83,7 @@ class ScriptedPrompts : public Prompts {
     Answer message(const Message& message) override;
     bool run(QDialog& form) override;
     std::optional<QString> choose_file(const FileQuestion& question) override;
+    std::optional<QString> choose_new_file(const FileQuestion& question) override;
     std::optional<QString> choose_folder(const QString& title, const QString& start_folder) override;
     std::optional<QColor> choose_colour(const QString& title, const QColor& initial) override;
 
@@ -96,6 +99,8 @@ class ScriptedPrompts : public Prompts {
     };
 
     ScriptedPrompts& expect(Step step);
+
+    std::optional<QString> path_for(const std::string& kind, const QString& title);
 
     /// Takes the next step when it is of that kind; fails the test with `asked` when it is not.
     std::optional<Step> next(const std::string& kind, const QString& asked);

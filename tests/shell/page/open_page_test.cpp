@@ -36,8 +36,10 @@ TEST(PageFaults, MessagesAreTheFixedOnes) {
 /// The progress of a test: which texts were shown.
 class RecordedProgress : public Progress {
   public:
-    void begin(const QString& what, const QString& state, int) override { shown += what + u'|' + state; }
+    void begin(const QString& what, const QString& state, int, Cancelling) override { shown += what + u'|' + state; }
+    void set_steps(int) override {}
     void advance(int) override {}
+    [[nodiscard]] bool cancelled() const override { return false; }
     void end() override { shown += u"end"_s; }
 
     QStringList shown;

@@ -1,4 +1,4 @@
-#include "elements/tag_walk.h"
+#include "base/tag_walk.h"
 
 #include <algorithm>
 #include <array>
