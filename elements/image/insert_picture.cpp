@@ -4,9 +4,9 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-#include "elements/image/picture_file.h"
 #include "elements/image/picture_probe.h"
 #include "elements/insertion.h"
+#include "site/media_files.h"
 #include "workbench/editing_control.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
