@@ -1,0 +1,67 @@
+#include "workbench/progress.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "tests/shell/window/window_fixture.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class LongWork : public WindowFixture {
+  protected:
+    /// How many of 80 steps of five milliseconds were done, while `person` acts at the machine after the first ones.
+    int steps_done(Cancelling cancelling, const std::function<void()>& person) {
+        ProgressRun run(workbench().progress(), u"Import"_s, u"in progress..."_s, 0, cancelling);
+        const Steps steps = run.steps();
+        QTimer::singleShot(10, window_.get(), person);
+        for (int done = 1; done <= 80; ++done) {
+            QTest::qSleep(5);
+            if (!steps(done, 80)) return done;
+        }
+        return 80;
+    }
+
+    /// Puts an event into the queue, as the system does.
+    template <typename Event, typename... Arguments>
+    static void post(QWidget& to, Arguments... arguments) {
+        QCoreApplication::postEvent(&to, new Event(arguments...));
+    }
+
+    void click(QWidget& widget) {
+        const QPointF place = widget.rect().center();
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            post<QMouseEvent>(widget, type, place, widget.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                              Qt::NoModifier);
+    }
+};
+
+TEST_F(LongWork, IsCancelledByEscOrTheButtonAndByNothingElse) {
+    open(u"Shop"_s);
+    auto& cancel = find<QToolButton>(u"cmd_cancel"_s);
+    const auto escape = [this] { post<QKeyEvent>(*window_, QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier); };
+    const auto button = [&] { click(cancel); };
+    EXPECT_LT(steps_done(Cancelling::kYes, escape), 80);
+    EXPECT_LT(steps_done(Cancelling::kYes, button), 80);
+    EXPECT_EQ(steps_done(Cancelling::kNo, button), 80);
+    EXPECT_FALSE(cancel.isVisible());
+
+    auto& tree = find<QWidget>(u"TreeView1"_s);
+    const auto close_it = [&] {
+        click(*tree.findChild<QWidget*>(u"qt_scrollarea_viewport"_s));
+        post<QKeyEvent>(*window_, QEvent::KeyPress, Qt::Key_Q, Qt::ControlModifier);
+        window_->close();
+    };
+    EXPECT_EQ(steps_done(Cancelling::kYes, close_it), 80);
+    EXPECT_TRUE(window_->isVisible());
+    EXPECT_EQ(page(), u"index.htm");
+}
+
+}  // namespace
+
+}  // namespace pondera
