@@ -1,0 +1,137 @@
+#include "site/page_references.h"
+
+#include "tests/support/tables.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+/// What the references say, as they stand in the text when that differs.
+static QString shown(const QString& text, const QList<PageReference>& references) {
+    QStringList addresses;
+    qsizetype last = 0;
+    for (const PageReference& reference : references) {
+        EXPECT_GE(reference.begin, last) << "not in order: " << text.toStdString();
+        last = reference.end;
+        const QString written = text.sliced(reference.begin, reference.end - reference.begin);
+        addresses += written == reference.address ? written : written + u" = "_s + reference.address;
+    }
+    return addresses.join(u" | "_s);
+}
+
+TEST(PageReferences, StandInAttributesStylesAndScripts) {
+    expect_results(
+        [](const QString& text) { return shown(text, page_references(text)); },
+        {u"<a href=x.htm>x.htm</a><A HREF = ' y z.htm '>y.htm</A> → x.htm | y z.htm",
+         u"<a href=\"a&amp;b.htm?c=1&copy=2\">&eacute;<a href='Caf&eacute;&#x2e;htm'> → a&amp;b.htm?c=1&copy=2 = "
+         u"a&b.htm?c=1&copy=2 | Caf&eacute;&#x2e;htm = Café.htm",
+         u"<a title=\"href='no.htm'\" name=no.htm><!-- <a href=no.htm> --><a href=''><base href=no/> → ",
+         u"<body background=b.gif><img src=i.gif lowsrc=l.gif dynsrc=d.avi longdesc=t.htm> → b.gif | i.gif | l.gif | "
+         u"d.avi | t.htm",
+         u"<img srcset='a.jpg, b.jpg 2x,c.jpg 3x , d,e.jpg'> → a.jpg | b.jpg | c.jpg | d,e.jpg",
+         u"<object data=o.swf><param name=Movie value=m.swf><param name=loop value=no.swf><video poster=p.jpg> → o.swf "
+         u"| m.swf | p.jpg",
+         u"<form action=f.php><select><option value=s.htm#a><option value=no> → f.php | s.htm#a",
+         u"<meta http-equiv=Refresh content=\"5; URL='next.htm'\"><meta name=x content='url=no.htm'> → next.htm",
+         u"<p style=\"background:url( 'a b.gif' ),URL(b.gif)\"><p style='background:url(&quot;c.gif&quot;' → a b.gif | "
+         u"b.gif | c.gif",
+         u"<STYLE>@import \"s.css\"; /* url(no.gif) */ b{background:url(x.gif)}</STYLE><p>url(no.gif) → s.css | x.gif",
+         u"<a href=\"javascript:esempio('_x_My Map.htm',300,200);\"> → _x_My Map.htm",
+         u"<a href=javascript:f(%27_x_Map.htm%27)><a onclick='f(&quot;a&#38;b.htm&quot;)'> → _x_Map.htm | a&#38;b.htm "
+         u"= a&b.htm",
+         u"<script src=s.js>go('a.htm?b=c#d');\n// 'no.htm'\nf(\"don't\", 'c.htm', 'no', 'no.', '.htm')</script> → "
+         u"s.js | "
+         u"a.htm?b=c#d | c.htm",
+         u"<script>document.write(\"<img src='a.gif'><a href=\\'b.htm\\'>\");</script> → a.gif | b.htm",
+         u"<script>i = 'm/' + n + '_no.gif'; location = base + '_4_Yes.htm'; w('Is it so? Go.')</script> → _4_Yes.htm",
+         u"<title>'no.htm'</title><textarea><a href=no.htm></textarea><a href=cut.htm → cut.htm"});
+}
+
+TEST(PageReferences, TellWhatTheyAreFor) {
+    const QString page =
+        u"<link rel='shortcut icon' href=p.ico><link rel=StyleSheet href=s><frame src=f><embed src=m><input src=p>"
+        u"<script src=c>'l.pdf'+'m.mp3'</script>"_s;
+    using enum ReferenceKind;
+    QList<ReferenceKind> kinds;
+    for (const PageReference& reference : page_references(page)) kinds += reference.kind;
+    EXPECT_EQ(kinds, QList<ReferenceKind>({kPicture, kStyleSheet, kFrame, kMedia, kPicture, kScript, kLink}));
+}
+
+TEST(PageReferences, StandInSettingsFiles) {
+    expect_results(
+        [](const QString& text) { return shown(text, script_references(text)); },
+        {u"this.item0 = 'Car';\rthis.url0 = '_4_My Car.htm';\rif (document.all) → _4_My Car.htm",
+         u"txtVoce1.Text = Car\r\nList1_0 = _4_Città.htm\r\nCheck1.Value = 0 → _4_Città.htm",
+         u"sPicLocal1 = C:\\no.gif\n//Sub 'no.htm'\nmyMenu[0] = new Array(\"L\",\"Car\",\"\",\"_4_Car.htm\") "
+         u"→ _4_Car.htm"});
+}
+
+TEST(PageReferences, LeadSomewhere) {
+    using Place = AddressTarget::Place;
+    const auto shown_target = [](const QString& address) {
+        const AddressTarget target = resolve_address(address, u"My Shop"_s);
+        const QString anchor = target.anchor.isEmpty() ? QString() : u" # "_s + target.anchor;
+        switch (target.place) {
+            case Place::kNowhere:
+                return u"nowhere"_s;
+            case Place::kThisPage:
+                return u"here"_s + anchor;
+            case Place::kWebsite:
+                return target.file + anchor;
+            case Place::kWeb:
+                return u"web"_s;
+            case Place::kOutside:
+                return u"outside"_s;
+        }
+        return QString();
+    };
+    expect_results(shown_target, {u"# → nowhere",
+                                  u"JavaScript:f('x.htm') → nowhere",
+                                  u"#to%20p → here # to p",
+                                  u"?a=1#b → here # b",
+                                  u" _4_Car.htm?a=../b#c%C3%A8 → _4_Car.htm # cè",
+                                  u"_4_a%2520b%20%25.htm → _4_a%20b %.htm",
+                                  u"100%.htm → 100%.htm",
+                                  u"Citt%C3%A0%E0%.htm → CittÃ\u00a0à%.htm",
+                                  u"Citt%E0.htm → Città.htm",
+                                  u"Citt%C3%A0.htm → Città.htm",
+                                  u"./media\\img//a%2Fb.gif → media/img/a/b.gif",
+                                  u"media/../_4_Car.htm → _4_Car.htm",
+                                  u"../MY%20shop/_4_Car.htm → _4_Car.htm",
+                                  u"media/../../my shop\\x.gif → x.gif",
+                                  u"../My Shop/ → index.htm",
+                                  u"../Other/_4_Car.htm → outside",
+                                  u"../../My Shop/_4_Car.htm → outside",
+                                  u"media/..%2F..%5Cx.htm → outside",
+                                  u".. → outside",
+                                  u"/_4_Car.htm → outside",
+                                  u"\\\\server\\x.htm → outside",
+                                  u"C:\\x.htm → outside",
+                                  u"c|/x.htm → outside",
+                                  u"file:///home/x.htm → outside",
+                                  u"//host/_4_Car.htm → web",
+                                  u"MAILTO:me@x.example → web",
+                                  u"§_4_Car.htm → _4_Car.htm",
+                                  u"%C2%A7_4_Car.htm#a → _4_Car.htm # a",
+                                  u"%A7_4_Car.htm → _4_Car.htm",
+                                  u"çindex.htm → index.htm",
+                                  u"%e7Index.htm → Index.htm",
+                                  u"?_4_Car.htm?a → _4_Car.htm",
+                                  u"'_2_Car.htm → _2_Car.htm",
+                                  u"?_4=1 → here",
+                                  u"media/img/façade.jpg → media/img/façade.jpg"});
+}
+
+TEST(PageReferences, AnAddressLeadsToItsFile) {
+    const auto address = [](const QString& file) { return address_of(file); };
+    expect_results(address, {u"_4_Città à.htm → _4_Città%20à.htm",
+                             u"media/img/a'b\"(1)&c.gif → "
+                             u"media/img/a%27b%22%281%29%26c.gif"});
+    for (const QString& file :
+         {u"a%20#b?c:d;e=f.htm"_s, u"mailto:x.htm"_s, u"日本 😀.htm"_s, u"media/e\u0301\\.gif"_s}) {
+        EXPECT_EQ(resolve_address(address_of(file), u"Shop"_s).place, AddressTarget::Place::kWebsite);
+        EXPECT_EQ(resolve_address(address_of(file), u"Shop"_s).file, QString(file).replace(u'\\', u'/'));
+    }
+}
+
+}  // namespace pondera
