@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QRect>
 #include <QString>
 #include <QVariant>
@@ -77,6 +78,20 @@ struct Selection {
     std::optional<SelectedElement> element;  ///< set for type Control
 };
 
+/// A place of the page that a link can lead to: a named anchor, an element with an id, or a heading.
+struct PagePlace {
+    QString name;     ///< behind the "#" of a link to it; empty for a heading that has none yet
+    QString text;     ///< the words there, shortened
+    int heading = 0;  ///< 1 to 6 for a heading, else 0
+};
+
+/// What became of showing an address of the page.
+enum class AddressShown {
+    kMissing,  ///< the page does not hold it
+    kHidden,   ///< it stands where nothing can be selected: in the head, a script, a style, the body's own tag
+    kShown,
+};
+
 /// The editing control holds one page for editing in place. Its text is the control's own spelling of the document
 /// (upper-case tags, styles as "Z-INDEX: 830; LEFT: 10px"); every change, whoever makes it, goes through its history
 /// and can be undone.
@@ -136,6 +151,22 @@ class EditingControl {
 
     /// Selects the first image or positioned element with that `name`; false when the page has none.
     virtual bool select_element(const QString& name) = 0;
+
+    /// The places that a link can lead to, in their order on the page.
+    [[nodiscard]] virtual QList<PagePlace> places() = 0;
+
+    /// As kHyperlink, to the place with that index in places(), which gets `name` if it has none; one step.
+    virtual bool link_to_place(int index, const QString& name) = 0;
+
+    /// The name of the place that the caret stands at or that is selected; empty where there is none.
+    [[nodiscard]] virtual QString place_name() = 0;
+
+    /// Names the caret's place or the selected words. A place that has a name there gets this one, and the page's links
+    /// to it follow; an empty name takes it away. One step. False when there is nothing to name.
+    virtual bool set_place_name(const QString& name) = 0;
+
+    /// Selects the element with the `number`th (from 0) of the page's addresses that are `address`, and scrolls to it.
+    virtual AddressShown show_address(const QString& address, int number) = 0;
 
     [[nodiscard]] virtual CommandStatus status(EditCommand command) = 0;
 

@@ -252,6 +252,32 @@ bool DHTMLEdit::select_element(const QString& name) {
     return ask(u"documentText.selectElement"_s, {name}).toBool();
 }
 
+QList<PagePlace> DHTMLEdit::places() {
+    QList<PagePlace> places;
+    for (const QJsonValue place : ask(u"places.places"_s).toArray())
+        places.append({place[u"name"_s].toString(), place[u"text"_s].toString(), place[u"heading"_s].toInt()});
+    return places;
+}
+
+bool DHTMLEdit::link_to_place(int index, const QString& name) {
+    return ask(u"places.linkTo"_s, {index, name}).toBool();
+}
+
+QString DHTMLEdit::place_name() {
+    return ask(u"places.placeName"_s).toString();
+}
+
+bool DHTMLEdit::set_place_name(const QString& name) {
+    return ask(u"places.setPlace"_s, {name}).toBool();
+}
+
+AddressShown DHTMLEdit::show_address(const QString& address, int number) {
+    const QString shown = ask(u"addresses.show"_s, {address, number}).toString();
+    return shown == u"shown"_s    ? AddressShown::kShown
+           : shown == u"hidden"_s ? AddressShown::kHidden
+                                  : AddressShown::kMissing;
+}
+
 CommandStatus DHTMLEdit::status(EditCommand command) {
     if (path_.isEmpty()) return CommandStatus::kDisabled;
     return static_cast<CommandStatus>(ask(u"commands.status"_s, {static_cast<int>(command)}).toInt());

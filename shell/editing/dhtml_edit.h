@@ -42,6 +42,11 @@ class DHTMLEdit : public QWidget, public EditingControl {
     bool replace_selected_element(const QString& markup) override;
     bool replace_selection_parent(const QString& markup) override;
     bool select_element(const QString& name) override;
+    [[nodiscard]] QList<PagePlace> places() override;
+    bool link_to_place(int index, const QString& name) override;
+    [[nodiscard]] QString place_name() override;
+    bool set_place_name(const QString& name) override;
+    AddressShown show_address(const QString& address, int number) override;
     [[nodiscard]] CommandStatus status(EditCommand command) override;
     bool execute(EditCommand command, const QVariant& value = {}) override;
     void paste_text() override;

@@ -88,36 +88,6 @@ pondera.commands = (() => {
         pondera.inserting.insert('<TABLE width="100%" border=1 cellspacing=0 cellpadding=4><TBODY>' + row.repeat(rows) + "</TBODY></TABLE>");
     }
 
-    function setLink(address) {
-        const element = selection.control();
-        if (!element) {
-            const range = selection.textRange();
-            const link = selection.linkOf(range);
-            const isAll = link && (link.contains(range.commonAncestorContainer) || link.textContent === range.toString());
-            if (isAll) link.setAttribute("href", address);
-            else document.execCommand("createLink", false, address);
-            return;
-        }
-        const link = element.closest("a");
-        if (link) {
-            link.setAttribute("href", address);
-            return;
-        }
-        const anchor = document.createElement("a");
-        anchor.setAttribute("href", address);
-        element.replaceWith(anchor);
-        anchor.appendChild(element);
-    }
-
-    function unlink() {
-        const element = selection.control();
-        const range = selection.textRange();
-        const link = element ? element.closest("a") : range && selection.linkOf(range);
-        if (!link) return;
-        if (element || range.collapsed) link.replaceWith(...link.childNodes);
-        else document.execCommand("unlink");
-    }
-
     function remove() {
         const element = selection.control();
         if (!element) {
@@ -139,13 +109,6 @@ pondera.commands = (() => {
         getSelection().selectAllChildren(selection.entered() || document.body);
     }
 
-    function hasLink() {
-        const element = selection.control();
-        if (element) return !!element.closest("a");
-        const range = selection.textRange();
-        return !!range && !!selection.linkOf(range);
-    }
-
     function status(number) {
         const element = selection.control();
         const range = element ? null : selection.textRange();
@@ -158,7 +121,8 @@ pondera.commands = (() => {
             return document.queryCommandState(name) ? kLatched : kEnabled;
         }
         switch (number) {
-            case 5002: case 5003: case 5004: case 5016: return when(element || range && !range.collapsed);
+            case 5002: case 5003: case 5004: return when(element || range && !range.collapsed);
+            case 5016: return when(element || range && (!range.collapsed || selection.linkOf(range)));
             case 5022: return when(range);
             case 5027: return !element || !selection.isPositioned(element) ? kDisabled : selection.isLocked(element) ? kLatched : kEnabled;
             case 5028: return !element ? kDisabled : selection.isPositioned(element) ? kLatched : kEnabled;
@@ -166,7 +130,7 @@ pondera.commands = (() => {
             case 5033: return when(pondera.history.canRedo());
             case 5036: case 5037: case 5038: case 5039: case 5040: case 5041: return when(element && selection.isPositioned(element));
             case 5049: return when(pondera.history.canUndo());
-            case 5050: return when(hasLink());
+            case 5050: return when(pondera.links.selected().length);
             default: return kNotSupported;
         }
     }
@@ -189,10 +153,10 @@ pondera.commands = (() => {
             }
             if (elementCommands[number]) elementCommands[number](selection.control());
             else if (number === 5004) remove();
-            else if (number === 5016) setLink(value);
+            else if (number === 5016) pondera.links.set(value);
             else if (number === 5022) insertTable(value);
             else if (number === 5028) pondera.moving.makeAbsolute(selection.control());
-            else if (number === 5050) unlink();
+            else if (number === 5050) pondera.links.remove();
         });
         selection.placeFrame();
         return true;

@@ -139,6 +139,7 @@
         if (event.inputType === "insertFromDrop" || event.inputType === "deleteByDrag") return;
         if (event.inputType.startsWith("delete")) {
             history.typing("deleting");
+            pondera.places.beforeDeleting();
             if (pondera.merging.take(event.inputType.endsWith("Backward"))) event.preventDefault();
             return;
         }
@@ -156,6 +157,7 @@
         if (event.inputType.startsWith("insert")) pondera.merging.take();
     });
     on("input", event => {
+        pondera.places.afterDeleting();
         if (event.inputType !== "insertText" && !event.isComposing) pondera.inserting.partParagraphs();
         pondera.changed();
     });

@@ -93,7 +93,7 @@ pondera.selection = (() => {
         const root = host.attachShadow({ mode: "closed" });
         root.adoptedStyleSheets = [frameSheet];
         root.innerHTML = `<div class="guides"></div><div class="frame"><div class="size"></div></div>`;
-        document.adoptedStyleSheets = [pageSheet];
+        document.adoptedStyleSheets = [pageSheet, pondera.places.marks];
         frame = root.querySelector(".frame");
         guides = root.querySelector(".guides");
         for (const name of kHandles) {

@@ -36,8 +36,8 @@ class History : public EditingFixture {
             EditCommand::kUnorderedList, EditCommand::kIndent,      EditCommand::kOutdent,
             EditCommand::kJustifyCenter, EditCommand::kInsertTable, EditCommand::kBringForward,
             EditCommand::kLockElement,   EditCommand::kCut,         EditCommand::kUnlink,
-            EditCommand::kSendToBack,    EditCommand::kUndo,        EditCommand::kSelectAll,
-            EditCommand::kDelete};
+            EditCommand::kHyperlink,     EditCommand::kSendToBack,  EditCommand::kUndo,
+            EditCommand::kSelectAll,     EditCommand::kDelete};
         switch (any(9)) {
             case 0:
                 return type(QString(u"ab c"_s).first(1 + any(4)));

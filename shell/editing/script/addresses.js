@@ -1,0 +1,52 @@
+// Finds the element that says an address, wherever in the page the address stands.
+"use strict";
+
+pondera.addresses = (() => {
+    const selection = pondera.selection;
+    const kAddresses = new Set("href src background data poster action formaction longdesc lowsrc dynsrc usemap value xlink:href".split(" "));
+
+    // How often an attribute or a script says an address.
+    function timesIn(name, value, address) {
+        const isText = !name || name === "style" || name.startsWith("on") || name === "srcset" || name === "content" || /^\s*javascript:/i.test(value);
+        if (!isText) return kAddresses.has(name) && value.trim() === address ? 1 : 0;
+        let times = 0;
+        const edges = /["'(),;\s]/;
+        for (let at = value.indexOf(address); at >= 0; at = value.indexOf(address, at + address.length)) {
+            const before = value[at - 1] || " ", after = value[at + address.length] || " ";
+            if (edges.test(before) && edges.test(after)) ++times;
+        }
+        return times;
+    }
+
+    function timesOf(element, address) {
+        let times = element.matches("script, style") ? timesIn("", element.textContent, address) : 0;
+        for (const { name, value } of element.attributes) times += timesIn(name, value, address);
+        return times;
+    }
+
+    function show(element) {
+        const picture = element.matches("img, embed, object, video, audio, iframe, input") ? element : element.textContent.trim() ? null : element.querySelector("img");
+        if (picture || selection.isPositioned(element)) {
+            selection.select(picture || element);
+        } else {
+            selection.select(null);
+            getSelection().selectAllChildren(element);
+        }
+        element.scrollIntoView({ block: "center", inline: "nearest" });
+        selection.placeFrame();
+    }
+
+    // Selects the element with the `number`th of an address (from 0): "shown", "hidden" where that is nothing that can be seen, or "missing".
+    function showAddress(address, number) {
+        for (const element of document.querySelectorAll("*")) {
+            number -= timesOf(element, address);
+            if (number >= 0) continue;
+            if (!document.body.contains(element) || element === document.body || element.matches("script, style, link, meta, noscript *")) return "hidden";
+            show(element);
+            return "shown";
+        }
+        return "missing";
+    }
+
+    return { show: showAddress };
+})();
