@@ -19,7 +19,7 @@ QString dropped_file(const QMimeData& data) {
 
 }  // namespace
 
-PicturePreview::PicturePreview(QString hint, QWidget* parent) : QLabel(parent), hint_(std::move(hint)) {
+PicturePreview::PicturePreview(QWidget* parent) : QLabel(parent) {
     setAlignment(Qt::AlignCenter);
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -41,7 +41,7 @@ void PicturePreview::show_picture(const QPixmap& picture) {
 }
 
 void PicturePreview::show_hint() {
-    setText(hint_);
+    setText(u"Drop a picture here"_s);
 }
 
 QSize PicturePreview::room() const {

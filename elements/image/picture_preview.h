@@ -4,13 +4,12 @@
 
 namespace pondera {
 
-/// The framed field of a dialog that shows a picture, or a hint while there is none. A file can be dropped on it,
-/// unless drops are switched off.
+/// The framed field of a dialog that shows a picture, or a hint while there is none. A file can be dropped on it.
 class PicturePreview : public QLabel {
     Q_OBJECT
 
   public:
-    explicit PicturePreview(QString hint = QStringLiteral("Drop a picture here"), QWidget* parent = nullptr);
+    explicit PicturePreview(QWidget* parent = nullptr);
 
     void show_picture(const QPixmap& picture);
     void show_hint();
@@ -24,9 +23,6 @@ class PicturePreview : public QLabel {
   protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-
-  private:
-    QString hint_;
 };
 
 }  // namespace pondera
