@@ -9,13 +9,13 @@
 #include "shell/frm_splash.h"
 #include "shell/menus.h"
 #include "shell/mode_tabs.h"
+#include "shell/pages/folder_watch.h"
 #include "shell/site_tree.h"
 #include "shell/start_page.h"
 #include "shell/text_toolbar.h"
 #include "shell/toolbar.h"
 #include "shell/web_browser.h"
 #include "shell/website/recent_websites.h"
-#include "site/page_name.h"
 #include "site/website_listing.h"
 #include "workbench/prompts.h"
 
@@ -129,6 +129,7 @@ void MainForm::build_tree() {
         if (workbench_.browsing() && browser_->shown_file() != workbench_.page())
             browser_->show_page(workbench_.page());
     });
+    folder_watch_ = new FolderWatch(this);
     tree_dock_ = new QDockWidget(u"Pages"_s, this);
     tree_dock_->setObjectName("tree_dock"_L1);
     tree_dock_->setFeatures(QDockWidget::DockWidgetClosable);
@@ -153,6 +154,7 @@ void MainForm::build_tree() {
 void MainForm::follow_workbench() {
     connect(&workbench_, &ShellWorkbench::websiteChanged, this, &MainForm::show_website);
     connect(&workbench_, &ShellWorkbench::treeChanged, this, &MainForm::show_tree);
+    connect(folder_watch_, &FolderWatch::changed, this, &MainForm::show_tree);
     connect(&workbench_, &ShellWorkbench::pageLoaded, this, &MainForm::show_page);
     connect(&workbench_, &ShellWorkbench::stateChanged, this, &MainForm::refresh);
     connect(&workbench_, &ShellWorkbench::browserReloadRequested, browser_, &QWebEngineView::reload);
@@ -243,16 +245,14 @@ void MainForm::show_website() {
     if (workbench_.browsing()) show_mode(false);
     centre_->setCurrentIndex(open ? 1 : 0);
     tree_dock_->setVisible(open);
+    folder_watch_->watch(workbench_.website_folder());
     status_bar_->show_page(workbench_.page_label());
     show_recent();
 }
 
 void MainForm::show_tree() {
-    QList<TreePage> pages;
-    for (const QString& page : list_pages(workbench_.website_folder())) {
-        pages.append({page, display_name(page), page_kind(page)});
-    }
-    tree_->show_website(workbench_.website(), pages);
+    const QString folder = workbench_.website_folder();
+    tree_->show_website(workbench_.website(), folder.isEmpty() ? QStringList() : list_pages(folder));
 }
 
 void MainForm::show_page() {

@@ -11,6 +11,7 @@ class QStackedWidget;
 namespace pondera {
 
 class DHTMLEdit;
+class FolderWatch;
 class ModeTabs;
 class SiteTree;
 class StartPage;
@@ -82,6 +83,7 @@ class MainForm : public QMainWindow {
     Toolbar* toolbar_ = nullptr;
     TextToolbar* text_toolbar_ = nullptr;
     SiteTree* tree_ = nullptr;
+    FolderWatch* folder_watch_ = nullptr;
     QDockWidget* tree_dock_ = nullptr;
     QMenu* recent_ = nullptr;
     QStackedWidget* centre_ = nullptr;

@@ -29,18 +29,18 @@ ShellWorkbench::ShellWorkbench(const Roots& roots, EditingControl& editor, Promp
       last_help_(window_help()) {
 }
 
-void ShellWorkbench::run(const Command& command) {
-    if (!command.help.page.isEmpty()) {
-        const bool other_page = command.help.page != last_help_.page;
-        last_help_ = command.help;
-        if (other_page && automatic_help(settings_)) help_.show(command.help);
+void ShellWorkbench::run(const Help& help, const std::function<void(Workbench&)>& command) {
+    if (!help.page.isEmpty()) {
+        const bool other_page = help.page != last_help_.page;
+        last_help_ = help;
+        if (other_page && automatic_help(settings_)) help_.show(help);
     }
     ++running_;
     const auto ended = qScopeGuard([this] {
         if (--running_ == 0) discarded_ = false;
         emit stateChanged();
     });
-    command.run(*this);
+    command(*this);
 }
 
 QString ShellWorkbench::page_label() const {
@@ -107,8 +107,12 @@ bool ShellWorkbench::may_leave_page() {
                           {Answer::kSave, Answer::kDiscard, Answer::kCancel},
                           {}});
     if (answer == Answer::kSave) return save();
-    if (answer == Answer::kDiscard) discarded_ = running_ > 0;
+    if (answer == Answer::kDiscard) give_up_changes();
     return answer == Answer::kDiscard;
+}
+
+void ShellWorkbench::give_up_changes() {
+    discarded_ = running_ > 0;
 }
 
 void ShellWorkbench::refresh_tree() {

@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+
 #include "base/roots.h"
 #include "shell/help_launcher.h"
 #include "shell/page/open_page.h"
@@ -23,7 +25,10 @@ class ShellWorkbench : public QObject, public Workbench {
 
     /// Runs a command of the table; with automatic help its help page is shown first. What the person answered about
     /// unsaved changes holds until the command ends.
-    void run(const Command& command);
+    void run(const Command& command) { run(command.help, command.run); }
+
+    /// Runs something that is no row of the table as a command.
+    void run(const Help& help, const std::function<void(Workbench&)>& command);
 
     [[nodiscard]] bool running() const { return running_ > 0; }  ///< a command is at work
     [[nodiscard]] QString page_label() const;                    ///< of the status bar
@@ -53,6 +58,7 @@ class ShellWorkbench : public QObject, public Workbench {
     bool reload() override;
     bool save() override;
     bool may_leave_page() override;
+    void give_up_changes() override;
     void refresh_tree() override;
     void show_help(const Help& help) override;
     void set_browsing(bool on) override;

@@ -8,6 +8,7 @@
 
 #include "base/files.h"
 #include "site/page_name.h"
+#include "site/website_files.h"
 
 namespace pondera {
 
@@ -122,8 +123,8 @@ FileResult<QString> bring_file_into_website(const QString& file, const QString& 
     const QString ending = clean.suffix().isEmpty() ? QString() : u'.' + clean.suffix();
     const auto taken = taken_names(folder.path(), subfolder.isEmpty());
     QString name = clean.fileName();
-    for (int number = 2; taken.contains(name.toLower()); ++number) {
-        const QString& there = taken[name.toLower()];
+    for (int number = 2; taken.contains(name.toLower()) || is_system_file(name); ++number) {
+        const QString there = taken.value(name.toLower());
         if (!there.isEmpty() && same_bytes(folder.filePath(there), file)) return prefix + there;
         name = clean.completeBaseName() + u'-' + QString::number(number) + ending;
     }

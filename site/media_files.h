@@ -17,8 +17,9 @@ inline const QString kPictureFolder = QStringLiteral("media/img");
 /// Makes a file part of a Website and gives its path relative to the Website's pages ("media/video/x.mp4"). A file that
 /// lies in the Website under a clean path stays there; any other is copied into `subfolder` (empty: beside the pages)
 /// under its clean name. A file that is there already is used when it holds the same bytes, else the copy gets a number
-/// ("x-2.mp4"); names that differ in case only count as the same. Beside the pages no copy is ever named like a page of
-/// the program: it never begins with "_" and is never the home page. What is no file is 76, a folder or device 5.
+/// ("x-2.mp4"); names that differ in case only count as the same, and those of the program's own files are never free.
+/// Beside the pages no copy is ever named like a page of the program: it never begins with "_" and is never the home
+/// page. What is no file is 76, a folder or device 5.
 [[nodiscard]] FileResult<QString> bring_file_into_website(const QString& file, const QString& website_folder,
                                                           const QString& subfolder);
 

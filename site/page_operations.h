@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <expected>
 
 #include "base/file_error.h"
 #include "base/steps.h"
+#include "site/page_group.h"
 #include "site/page_kind.h"
 
 namespace pondera {
@@ -41,6 +43,9 @@ struct PageOutcome {
     bool done = false;
     QString page;     ///< published file name of the page to show afterwards
     QString message;  ///< to show; empty when all went well
+
+    /// The pages that a deletion gave another name, as their group closed up.
+    QList<PageMove> moves{};
 };
 
 /// The name that a page is renamed by: its display name; for a page of a group, that of the group's first page.

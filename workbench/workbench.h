@@ -62,6 +62,9 @@ class Workbench {
     /// Asks "save, discard or cancel" when there are unsaved changes; true when the command may go on.
     virtual bool may_leave_page() = 0;
 
+    /// Gives up the unsaved changes of the page under edit: the running command is not asked about them any more.
+    virtual void give_up_changes() = 0;
+
     /// Lists the Website's files anew (site tree and whatever shows pages).
     virtual void refresh_tree() = 0;
 

@@ -4,6 +4,7 @@
 #include <QSettings>
 
 #include "base/roots.h"
+#include "elements/image/delete_file.h"
 #include "elements/image/frm_inserisci_imm.h"
 #include "elements/image/frm_ridim_imm.h"
 #include "elements/image/insert_picture.h"
@@ -104,6 +105,13 @@ const QList<Command>& image_commands() {
          .help = size_help(),
          .when = Enabled::kElement,
          .run = fDimm_Imm},
+        {.name = u"separator"_s, .menu = u"Edit"_s},
+        {.name = u"mnu_cancella_file"_s,
+         .caption = u"Delete &File..."_s,
+         .menu = u"Edit"_s,
+         .help = {u"/_HELP/_6_Mod 01.htm"_s, u"Help - Delete File"_s},
+         .when = Enabled::kWebsite,
+         .run = Cancella_File},
     };
     return kCommands;
 }

@@ -19,7 +19,7 @@ QString dropped_file(const QMimeData& data) {
 
 }  // namespace
 
-PicturePreview::PicturePreview(QWidget* parent) : QLabel(parent) {
+PicturePreview::PicturePreview(QString hint, QWidget* parent) : QLabel(parent), hint_(std::move(hint)) {
     setAlignment(Qt::AlignCenter);
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -41,7 +41,7 @@ void PicturePreview::show_picture(const QPixmap& picture) {
 }
 
 void PicturePreview::show_hint() {
-    setText(u"Drop a picture here"_s);
+    setText(hint_);
 }
 
 QSize PicturePreview::room() const {

@@ -4,12 +4,13 @@
 
 namespace pondera {
 
-/// The framed field of a dialog that shows a picture, or a hint while there is none. A file can be dropped on it.
+/// The framed field of a dialog that shows a picture, or a hint while there is none. A file can be dropped on it,
+/// unless drops are switched off.
 class PicturePreview : public QLabel {
     Q_OBJECT
 
   public:
-    explicit PicturePreview(QWidget* parent = nullptr);
+    explicit PicturePreview(QString hint = QStringLiteral("Drop a picture here"), QWidget* parent = nullptr);
 
     void show_picture(const QPixmap& picture);
     void show_hint();
@@ -23,6 +24,9 @@ class PicturePreview : public QLabel {
   protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+  private:
+    QString hint_;
 };
 
 }  // namespace pondera
