@@ -8,8 +8,26 @@
 
 namespace pondera {
 
+using namespace Qt::StringLiterals;
+
 QString number_text(FaultNumber number) {
     return QString::number(static_cast<std::uint32_t>(number));
+}
+
+QString fault_sentence(const FileError& error) {
+    switch (error.number) {
+        case FaultNumber::kDiskFull:
+        case FaultNumber::kWriteDiskFull:
+            return u"The disk is full."_s;
+        case FaultNumber::kPermissionDenied:
+            return u"No permission for %1."_s.arg(error.path);
+        case FaultNumber::kPathNotFound:
+            return u"%1 does not exist."_s.arg(error.path);
+        case FaultNumber::kAlreadyExists:
+            return u"%1 exists already."_s.arg(error.path);
+        default:
+            return u"%1 (%2)"_s.arg(error.path, error.reason.isEmpty() ? number_text(error.number) : error.reason);
+    }
 }
 
 FaultNumber fault_of_errno(int error) {

@@ -44,6 +44,9 @@ using FileResult = std::expected<T, FileError>;
 /// The fault's number as the messages show it, in decimal.
 [[nodiscard]] QString number_text(FaultNumber number);
 
+/// A sentence that tells a person what went wrong and where: "The disk is full.", "No permission for PATH."
+[[nodiscard]] QString fault_sentence(const FileError& error);
+
 /// The fault that an errno value stands for: EACCES, EPERM, EROFS and EISDIR are 70; ENOENT and ENOTDIR 76; EEXIST 58;
 /// ENOSPC and EDQUOT 61; EINVAL and ENAMETOOLONG 5; all others "unexpected".
 [[nodiscard]] FaultNumber fault_of_errno(int error);

@@ -23,9 +23,19 @@ FileResult<void> result_of(const std::error_code& error, const QString& path) {
     return {};
 }
 
+FileResult<void> copy_bytes(QFile& from, QFileDevice& to) {
+    to.setPermissions(from.permissions() | QFile::WriteOwner);
+    while (!from.atEnd()) {
+        const QByteArray chunk = from.read(kCopyChunk);
+        if (from.error() != QFileDevice::NoError) return std::unexpected(file_error_of(from));
+        if (auto written = write_whole(to, chunk); !written) return written;
+    }
+    return {};
+}
+
 }  // namespace
 
-FileResult<void> write_whole(QSaveFile& file, QByteArrayView bytes) {
+FileResult<void> write_whole(QFileDevice& file, QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
         const qint64 count = file.write(bytes.data(), bytes.size());
         if (count <= 0) return std::unexpected(file_error_of(file));
@@ -42,14 +52,20 @@ FileResult<void> copy_file(const QString& source, const QString& target, IfExist
         return std::unexpected(file_error_of(std::make_error_code(std::errc::file_exists), target));
     QSaveFile to(target);
     if (!to.open(QIODevice::WriteOnly)) return std::unexpected(file_error_of(to));
-    to.setPermissions(from.permissions() | QFile::WriteOwner);
-    while (!from.atEnd()) {
-        const QByteArray chunk = from.read(kCopyChunk);
-        if (from.error() != QFileDevice::NoError) return std::unexpected(file_error_of(from));
-        if (auto written = write_whole(to, chunk); !written) return written;
-    }
+    if (auto copied = copy_bytes(from, to); !copied) return copied;
     if (!to.commit()) return std::unexpected(file_error_of(to));
     return {};
+}
+
+FileResult<void> copy_new_file(const QString& source, const QString& target) {
+    QFile from(source);
+    if (!from.open(QIODevice::ReadOnly)) return std::unexpected(file_error_of(from));
+    QFile to(target);
+    if (!to.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        return std::unexpected(file_error_of(to));
+    auto copied = copy_bytes(from, to);
+    if (!copied) to.remove();
+    return copied;
 }
 
 FileResult<void> remove_file(const QString& path) {

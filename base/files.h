@@ -5,19 +5,23 @@
 
 #include "base/file_error.h"
 
-class QSaveFile;
+class QFileDevice;
 
 namespace pondera {
 
 /// Hands all of `bytes` to the system, so that a disk that is full by then is noticed before the file takes its
 /// name: QSaveFile by itself accepts a short write.
-[[nodiscard]] FileResult<void> write_whole(QSaveFile& file, QByteArrayView bytes);
+[[nodiscard]] FileResult<void> write_whole(QFileDevice& file, QByteArrayView bytes);
 
 enum class IfExists { kFail, kReplace };
 
 /// Copies a file's bytes and permissions (its owner may always write to the copy). `target` holds either all of them
 /// afterwards or what it held before; fails with 58 when it exists and is not to be replaced.
 [[nodiscard]] FileResult<void> copy_file(const QString& source, const QString& target, IfExists if_exists);
+
+/// Copies a file as copy_file does to a name that is free, without waiting for the disk. For folders that count only
+/// when they are whole: after a failure the copy is gone again, but a power cut may leave it short.
+[[nodiscard]] FileResult<void> copy_new_file(const QString& source, const QString& target);
 
 /// Deletes one file; a file that is not there is 76.
 [[nodiscard]] FileResult<void> remove_file(const QString& path);

@@ -28,6 +28,16 @@ QStringList list_interface_models(const Roots& roots) {
     return models;
 }
 
+QStringList list_own_interface_models(const Roots& roots) {
+    QStringList models = list_interface_models(roots);
+    models.removeIf(is_shipped_model);
+    return models;
+}
+
+bool is_shipped_model(const QString& model) {
+    return QStringList({u"Standard_Interface"_s, u"Store_Interface"_s}).contains(model, Qt::CaseInsensitive);
+}
+
 QString interface_model_display(const QString& model) {
     return u"Interfaccia "_s + model;
 }

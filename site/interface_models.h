@@ -11,6 +11,12 @@ class Roots;
 /// a menu template whose file names begin with its name.
 [[nodiscard]] QStringList list_interface_models(const Roots& roots);
 
+/// The models that the person saved: without those that the program ships with, which cannot be replaced or deleted.
+[[nodiscard]] QStringList list_own_interface_models(const Roots& roots);
+
+/// True for the name of a model that the program ships with, in any case.
+[[nodiscard]] bool is_shipped_model(const QString& model);
+
 /// The name of a model as the pickers show it.
 [[nodiscard]] QString interface_model_display(const QString& model);
 

@@ -1,9 +1,6 @@
 #include "site/website_creation.h"
 
 #include <QDir>
-#include <QRegularExpression>
-#include <QSet>
-#include <QUrl>
 
 #include "base/files.h"
 #include "base/roots.h"
@@ -12,24 +9,14 @@
 #include "site/card_page.h"
 #include "site/interface_models.h"
 #include "site/page_name.h"
+#include "site/template_pictures.h"
+#include "site/website_listing.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The files of "media/img" that a page names, without those that would lead elsewhere.
-QSet<QString> pictures_named_in(const QString& page_text) {
-    static const QRegularExpression picture(uR"(media[/\\]img[/\\]([^"'\s<>()?#&/\\]+))"_s,
-                                            QRegularExpression::CaseInsensitiveOption);
-    QSet<QString> names;
-    for (auto hits = picture.globalMatch(page_text); hits.hasNext();) {
-        const QString name = QUrl::fromPercentEncoding(hits.next().captured(1).toUtf8());
-        if (QFileInfo(name).fileName() == name) names += name;
-    }
-    return names;
-}
 
 /// Copies the pictures that a template shows and the system folder has.
 FileResult<void> copy_pictures_of(const QString& template_text, const Roots& roots, const QString& website_folder) {
@@ -77,10 +64,7 @@ FileResult<void> write_home_page(const NewWebsite& website, const QString& websi
 FileResult<void> create_website_folder(const Roots& roots, const QString& name) {
     if (auto root = create_folders(roots.websites()); !root) return root;
     const QString path = roots.website(name);
-    if (QDir(roots.websites())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System)
-            .contains(name, Qt::CaseInsensitive))
-        return std::unexpected(FileError{FaultNumber::kAlreadyExists, path, {}});
+    if (!name_in_use(roots, name).isEmpty()) return std::unexpected(FileError{FaultNumber::kAlreadyExists, path, {}});
     return create_folder(path);
 }
 

@@ -15,8 +15,7 @@ struct NewWebsite {
     int card = 1;
 };
 
-/// Creates the folder of a new Website. A folder whose name differs only in case counts as the same, as it does on many
-/// servers.
+/// Creates the folder of a new Website; fails with 58 when its name is in use.
 [[nodiscard]] FileResult<void> create_website_folder(const Roots& roots, const QString& name);
 
 /// Removes a new Website's folder again while it is still empty; a folder that holds anything stays.

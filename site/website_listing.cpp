@@ -38,6 +38,15 @@ bool is_reserved_folder(const QString& name) {
            });
 }
 
+QString name_in_use(const Roots& roots, const QString& name) {
+    const QDir::Filters all = QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System;
+    const QStringList names = QDir(roots.websites()).entryList(all);
+    if (names.contains(name)) return name;
+    const auto found =
+        std::ranges::find_if(names, [&](const QString& used) { return used.compare(name, Qt::CaseInsensitive) == 0; });
+    return found == names.end() ? QString() : *found;
+}
+
 QStringList list_websites(const Roots& roots) {
     QStringList names = QDir(roots.websites()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     names.removeIf([&](const QString& name) { return is_reserved_folder(name) || !is_website(roots.website(name)); });

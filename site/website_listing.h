@@ -14,6 +14,10 @@ class Roots;
 /// help and catalogues, whose names begin with "_". Case is ignored.
 [[nodiscard]] bool is_reserved_folder(const QString& name);
 
+/// The spelling in which a name stands among the files and folders of the Websites root; empty when it is free. Names
+/// that differ in case only count as the same, as they do on many servers.
+[[nodiscard]] QString name_in_use(const Roots& roots, const QString& name);
+
 /// The names of the Websites under the Websites root, in alphabetical order. Empty when the root cannot be read.
 [[nodiscard]] QStringList list_websites(const Roots& roots);
 

@@ -2,36 +2,15 @@
 
 #include <QFile>
 
-#include <sys/mount.h>
-
+#include "tests/support/small_disk.h"
 #include "tests/support/test_folder.h"
 
 namespace pondera {
 
 using namespace Qt::StringLiterals;
 
-/// A file system of one megabyte. Mounting needs root.
-class MountedDisk {
-  public:
-    MountedDisk() : mounted_(mount("tmpfs", folder_.path().toUtf8().constData(), "tmpfs", 0, "size=1m") == 0) {}
-    ~MountedDisk() {
-        if (mounted_) umount(folder_.path().toUtf8().constData());
-    }
-    Q_DISABLE_COPY_MOVE(MountedDisk)
-
-    [[nodiscard]] bool mounted() const { return mounted_; }
-    [[nodiscard]] bool make_read_only() const {
-        return mount(nullptr, folder_.path().toUtf8().constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
-    }
-    [[nodiscard]] QString file(const QString& name) const { return folder_.filePath(name); }
-
-  private:
-    QTemporaryDir folder_;
-    bool mounted_;
-};
-
 TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
-    const MountedDisk disk;
+    const SmallDisk disk;
     if (!disk.mounted()) GTEST_SKIP() << "mounting a small disk needs root";
     const QString page = disk.file(u"page.htm"_s);
     ASSERT_TRUE(write_file(page, "old page"));
@@ -52,7 +31,7 @@ TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
 }
 
 TEST(Files, WriteProtectedIsPermissionDenied) {
-    const MountedDisk disk;
+    const SmallDisk disk;
     const QString page = disk.file(u"page.htm"_s);
     ASSERT_TRUE(write_file(page, "old page"));
     ASSERT_TRUE(disk.mounted() ? disk.make_read_only() : QFile::setPermissions(page, QFile::ReadOwner));
