@@ -154,6 +154,7 @@ void MainForm::build_tree() {
 void MainForm::follow_workbench() {
     connect(&workbench_, &ShellWorkbench::websiteChanged, this, &MainForm::show_website);
     connect(&workbench_, &ShellWorkbench::treeChanged, this, &MainForm::show_tree);
+    connect(&workbench_, &ShellWorkbench::treeChanged, this, &MainForm::show_recent);
     connect(folder_watch_, &FolderWatch::changed, this, &MainForm::show_tree);
     connect(&workbench_, &ShellWorkbench::pageLoaded, this, &MainForm::show_page);
     connect(&workbench_, &ShellWorkbench::stateChanged, this, &MainForm::refresh);

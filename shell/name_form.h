@@ -15,7 +15,7 @@ class Workbench;
 
 /// A name form's own texts.
 struct NameTexts {
-    QString form;  ///< the form's name
+    QString form{};  ///< the form's name
     QString title;
     QString prompt;  ///< above the name, with its accelerator
     QString note;    ///< below the name

@@ -27,7 +27,7 @@ bool lies_in(const QString& folder, const QString& other) {
 QStringList websites_in_folder(const QString& folder) {
     const QDir dir(folder);
     QStringList names = dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
-    names.removeIf([&](const QString& name) { return !is_website(dir.filePath(name)); });
+    names.removeIf([&](const QString& name) { return is_reserved_folder(name) || !is_website(dir.filePath(name)); });
     return names;
 }
 

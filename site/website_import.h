@@ -19,7 +19,8 @@ struct WebsiteImport {
     bool replaces = false;  ///< a Website of that name is there
 };
 
-/// The names of the sub-folders of `folder` that are Websites, in alphabetical order.
+/// The names of the sub-folders of `folder` that are Websites, in alphabetical order; folders that lie beside Websites
+/// are none.
 [[nodiscard]] QStringList websites_in_folder(const QString& folder);
 
 /// How a folder would be imported, or the message why it cannot be: it is no Website, its name is one of the folders

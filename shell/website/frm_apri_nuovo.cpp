@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<PickerEntry> websites(const Roots& roots) {
+QList<PickerEntry> entries_of(const QStringList& names) {
     QList<PickerEntry> entries;
-    for (const QString& name : list_websites(roots)) entries += {name, name, {}};
+    for (const QString& name : names) entries += {name, name, {}};
     return entries;
 }
 
@@ -32,17 +32,24 @@ QString about_website(const QString& folder) {
 }  // namespace
 
 Frm_Apri_nuovo::Frm_Apri_nuovo(Workbench& workbench)
+    : Frm_Apri_nuovo(workbench, {.title = u"Website Selection"_s,
+                                 .folder = workbench.roots().websites(),
+                                 .names = list_websites(workbench.roots()),
+                                 .help = {u"/_HELP/_6_File Open Proj.htm"_s, u"Help - Website Selection"_s}}) {
+}
+
+Frm_Apri_nuovo::Frm_Apri_nuovo(Workbench& workbench, const WebsiteList& list)
     : PickerForm(workbench,
                  {.form = u"Frm_Apri_nuovo"_s,
-                  .title = u"Website Selection"_s,
+                  .title = list.title,
                   .prompt = u"&Select a Website"_s,
                   .nothing = u"There is no Website yet. Create the first one with New Website in the File menu."_s,
                   .refusal = u"Select a Progect!"_s,
-                  .help = {u"/_HELP/_6_File Open Proj.htm"_s, u"Help - Website Selection"_s},
+                  .help = list.help,
                   .pictures = false},
-                 websites(workbench.roots())) {
-    connect(&list(), &QListWidget::itemSelectionChanged, this, [this, &workbench] {
-        show_about(choice().isEmpty() ? QString() : about_website(workbench.roots().website(choice())));
+                 entries_of(list.names)) {
+    connect(&this->list(), &QListWidget::itemSelectionChanged, this, [this, folder = QDir(list.folder)] {
+        show_about(choice().isEmpty() ? QString() : about_website(folder.filePath(choice())));
     });
 }
 

@@ -12,15 +12,6 @@ namespace {
 
 const Help kHelp{u"/_HELP/_6_Pag NEW.htm"_s, u"Help - New Page"_s};
 
-QList<PickerEntry> models(const Roots& roots) {
-    QList<PickerEntry> entries;
-    for (const QString& model : list_interface_models(roots)) {
-        const int card = interface_model_cards(roots, model).value(0);
-        entries += {model, interface_model_display(model), interface_model_preview(roots, model, card)};
-    }
-    return entries;
-}
-
 QList<PickerEntry> cards(const Roots& roots, const QString& model) {
     QList<PickerEntry> entries;
     for (const int card : interface_model_cards(roots, model))
@@ -29,6 +20,15 @@ QList<PickerEntry> cards(const Roots& roots, const QString& model) {
 }
 
 }  // namespace
+
+QList<PickerEntry> entries_of_models(const Roots& roots, const QStringList& models) {
+    QList<PickerEntry> entries;
+    for (const QString& model : models) {
+        const int card = interface_model_cards(roots, model).value(0);
+        entries += {model, interface_model_display(model), interface_model_preview(roots, model, card)};
+    }
+    return entries;
+}
 
 Frm_Selezione_Iniziale::Frm_Selezione_Iniziale(Workbench& workbench)
     : PickerForm(workbench,
@@ -39,7 +39,7 @@ Frm_Selezione_Iniziale::Frm_Selezione_Iniziale(Workbench& workbench)
                   .refusal = u"Select a model."_s,
                   .help = kHelp,
                   .pictures = true},
-                 models(workbench.roots())) {
+                 entries_of_models(workbench.roots(), list_interface_models(workbench.roots()))) {
 }
 
 Frm_Selezione_Iniziale1::Frm_Selezione_Iniziale1(Workbench& workbench, const QString& model)

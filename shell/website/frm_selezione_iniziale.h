@@ -4,6 +4,11 @@
 
 namespace pondera {
 
+class Roots;
+
+/// Interface models as a picker shows them: their names with the preview of their first card.
+[[nodiscard]] QList<PickerEntry> entries_of_models(const Roots& roots, const QStringList& models);
+
 /// Chooses the interface model of a new Website; the choice is the model's name.
 class Frm_Selezione_Iniziale : public PickerForm {
     Q_OBJECT

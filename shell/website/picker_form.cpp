@@ -51,8 +51,9 @@ PickerForm::PickerForm(Workbench& workbench, const PickerTexts& texts, const QLi
     list_->setMinimumSize(360, 220);
     // The entry that has the focus must not look as if it were chosen.
     list_->setStyleSheet(
-        u"QListWidget { outline: 0; } QListWidget::item { padding: 5px; } "
-        "QListWidget::item:!selected { background: transparent; border: none; }"_s);
+        u"QListWidget { outline: 0; } QListWidget::item { padding: 5px; border: none; } "
+        "QListWidget::item:!selected { background: transparent; } "
+        "QListWidget::item:selected { background: palette(highlight); color: palette(highlighted-text); }"_s);
     if (texts.pictures) show_as_pictures();
     for (const PickerEntry& entry : entries) {
         auto* item = new QListWidgetItem(entry.text, list_);

@@ -49,6 +49,10 @@ void Apri_Website(Workbench& workbench) {
     if (workbench.prompts().run(form)) workbench.open_website(form.choice());
 }
 
+bool save_changes(Workbench& workbench) {
+    return workbench.page().isEmpty() || !workbench.editor().modified() || workbench.save();
+}
+
 const QList<Command>& website_commands() {
     static const QList<Command> commands{
         {.name = u"Crea_Website"_s,
@@ -67,6 +71,43 @@ const QList<Command>& website_commands() {
          .keys = QKeySequence::Open,
          .when = Enabled::kAlways,
          .run = Apri_Website},
+        {.name = u"Importa_Website"_s,
+         .caption = u"&Import Website..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Import.htm"_s, u"Help - Import Website"_s},
+         .icon = u"import"_s,
+         .when = Enabled::kAlways,
+         .run = Importa_Website},
+        {.name = u"separator"_s, .menu = u"File"_s},
+        {.name = u"salva_con_nome2"_s,
+         .caption = u"Save Website &As..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Save As.htm"_s, u"Help - Save Website as"_s},
+         .keys = QKeySequence::SaveAs,
+         .run = salva_con_nome2},
+        {.name = u"Esporta_Website"_s,
+         .caption = u"&Export Website..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Export.htm"_s, u"Help - Export Website"_s},
+         .icon = u"export"_s,
+         .run = Esporta_Website},
+        {.name = u"Erase_Proj"_s,
+         .caption = u"&Delete Website..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Erase Proj.htm"_s, u"Help - Delete Website"_s},
+         .run = Erase_Proj},
+        {.name = u"separator"_s, .menu = u"File"_s},
+        {.name = u"Salva_Modello"_s,
+         .caption = u"Save Interface &Model..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Save Interface.htm"_s, u"Help - Save Interface Model"_s},
+         .run = Salva_Modello},
+        {.name = u"Elimina_Modello"_s,
+         .caption = u"De&lete Interface Model..."_s,
+         .menu = u"File"_s,
+         .help = {u"/_HELP/_6_File Erase Interface.htm"_s, u"Help - Delete Interface Model"_s},
+         .when = Enabled::kAlways,
+         .run = Elimina_Modello},
     };
     return commands;
 }
