@@ -68,6 +68,28 @@ FileResult<void> copy_new_file(const QString& source, const QString& target) {
     return copied;
 }
 
+FileResult<void> replace_file(const QString& path, QByteArrayView bytes) {
+    const QFileInfo info(path);
+    const QFile::Permissions permissions = info.permissions();
+    if (!info.exists()) return result_of(std::make_error_code(std::errc::no_such_file_or_directory), path);
+    if (!info.isFile() || !permissions.testFlag(QFile::WriteOwner))
+        return result_of(std::make_error_code(std::errc::permission_denied), path);
+    // One name for all: what a crash left behind is used again.
+    QFile file(info.dir().filePath(u".pondera-replacement.tmp"_s));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return std::unexpected(file_error_of(file));
+    const bool whole = file.write(bytes.data(), bytes.size()) == bytes.size();
+    if (!whole || (file.permissions() != permissions && !file.setPermissions(permissions))) {
+        auto error = file_error_of(file);
+        file.remove();
+        return std::unexpected(error);
+    }
+    file.close();
+    std::error_code error;
+    std::filesystem::rename(std_path(file.fileName()), std_path(path), error);
+    if (error) file.remove();
+    return result_of(error, path);
+}
+
 FileResult<void> remove_file(const QString& path) {
     std::error_code error;
     if (!std::filesystem::remove(std_path(path), error) && !error)

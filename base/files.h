@@ -23,6 +23,12 @@ enum class IfExists { kFail, kReplace };
 /// when they are whole: after a failure the copy is gone again, but a power cut may leave it short.
 [[nodiscard]] FileResult<void> copy_new_file(const QString& source, const QString& target);
 
+/// Gives a file that is there other bytes, its permissions kept. For work on thousands of files: whatever becomes of
+/// the program, the file holds all of the old bytes or all of the new ones, but nothing waits for the disk, as
+/// write_file does (a loss of power in the seconds after it may leave an empty file). Fails with 70 for a file that its
+/// owner may not write, whoever asks.
+[[nodiscard]] FileResult<void> replace_file(const QString& path, QByteArrayView bytes);
+
 /// Deletes one file; a file that is not there is 76.
 [[nodiscard]] FileResult<void> remove_file(const QString& path);
 
