@@ -105,7 +105,7 @@ std::optional<QString> file_of(QString path, const QString& website) {
     if (above) return std::nullopt;
     if (folders.isEmpty()) return kHomePage;
     folders.last() = without_editing_mark(folders.last());
-    return folders.join(u'/');
+    return path.endsWith(u'/') ? folders.join(u'/') + u'/' : folders.join(u'/');
 }
 
 }  // namespace

@@ -35,7 +35,9 @@ struct AddressTarget {
         kOutside,   ///< a file on this computer that is not in the Website: no visitor can reach it
     };
     Place place = Place::kNowhere;
-    QString file;    ///< for kWebsite: its path in the Website, decoded, without editing mark, "/" between folders
+    /// For kWebsite: the file's path in the Website, decoded, without editing mark, "/" between folders. That of a
+    /// folder ends with "/"; the Website's own folder is its home page.
+    QString file;
     QString anchor;  ///< decoded, without "#"
 };
 

@@ -1,0 +1,79 @@
+#include "site/link_correction.h"
+
+#include "tests/support/tables.h"
+#include "tests/support/test_folder.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+TEST(LinkCorrection, OnlyLinksToMovedPagesFollow) {
+    const auto corrected = [](const QString& page) {
+        return with_corrected_links(page,
+                                    {{u"_4_Car.htm"_s, u"_4_Auto.htm"_s},
+                                     {u"_4_My Trip.htm"_s, u"_4_Città mia.htm"_s},
+                                     {u"_4_T_page2_.htm"_s, u"_4_T_page1_.htm"_s},
+                                     {u"_4_T_page3_.htm"_s, u"_4_T_page2_.htm"_s}},
+                                    u"Shop"_s);
+    };
+    expect_results(
+        corrected,
+        {u"<a href=_4_Car.htm><A HREF='./_4_CAR.htm?_4_Car.htm#_4_Car.htm'> → <a href=_4_Auto.htm><A "
+         u"HREF='./_4_Auto.htm?_4_Car.htm#_4_Car.htm'>",
+         u"<a href=\"§_4_Car.htm\"><a href=%C2%A7_4_Car.htm><a href='&sect;_4_Car.htm'><a href='?_4_Car.htm'> → <a "
+         u"href=\"§_4_Auto.htm\"><a href=%C2%A7_4_Auto.htm><a href='&sect;_4_Auto.htm'><a href='?_4_Auto.htm'>",
+         u"<a href=\"../SHOP/_4_My%20Trip.htm\"><a href=\"_4_My Trip.htm#a b\"> → <a "
+         u"href=\"../SHOP/_4_Città%20mia.htm\">"
+         u"<a href=\"_4_Città%20mia.htm#a b\">",
+         u"<a href=_4_T_page2_.htm><a href=_4_T_page3_.htm><a href=_4_T_page1_.htm> → <a href=_4_T_page1_.htm><a "
+         u"href=_4_T_page2_.htm><a href=_4_T_page1_.htm>",
+         u"<a href=\"javascript:esempio('_4_Car.htm',300,200)\"><body onload=\"go('§_4_My Trip.htm')\"> → <a "
+         u"href=\"javascript:esempio('_4_Auto.htm',300,200)\"><body onload=\"go('§_4_Città%20mia.htm')\">",
+         u"<script>top.location='_4_Car.htm'; // _4_Car.htm</script>_4_Car.htm → "
+         u"<script>top.location='_4_Auto.htm'; // _4_Car.htm</script>_4_Car.htm"});
+    expect_unchanged(corrected, {u"<a href=_4_Cars.htm><a href=Old_4_Car.htm><a href=http://host/_4_Car.htm>",
+                                 u"<a href=../Other/_4_Car.htm><a href=media/_4_Car.htm><a href=_4_Car.htm/>",
+                                 u"<a title='_4_Car.htm'>_4_Car.htm</a><!-- <a href=_4_Car.htm> -->",
+                                 u"<a href=#_4_Car.htm><a href=?x=_4_Car.htm><img alt=\"href='_4_Car.htm'\">"});
+}
+
+TEST(LinkCorrection, EachFileKeepsItsKind) {
+    const TestFolder base;
+    const auto file = [](const QString& name) { return u"Shop/"_s + name; };
+    base.put(file(u"_4_Car.htm"_s));
+    base.put(file(u"_4_CAR.htm"_s));
+    base.put(file(u"a.htm"_s), "<p>\xE0\r<a href=_4_Car.htm>\r\n<a href=_4_CAR.htm><a href=_4_car.htm>\n");
+    base.put(file(u"b.html"_s), "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Car.htm\">");
+    base.put(file(u"c.htm"_s),
+             QByteArray("\xFF\xFE", 2) + QByteArray("<\0a\0 \0h\0r\0e\0f\0=\0_\0004\0_\0C\0a\0r\0.\0h\0t\0m\0>\0", 40));
+    base.put(file(u"_§_1_card.htm"_s), "<a href=_4_Car.htm>");
+    base.put(file(u"media/img/menu_items.js"_s), "this.item0 = 'Car';\rthis.url0 = '_4_Car.htm';\r");
+    base.put(file(u"media/img/reference.js"_s), "txtLink1.Text = _4_Car.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n");
+    base.put(file(u"media/img/pnd.css"_s), "a { background: url(_4_Car.htm) }");
+    const QString locked = base.put(file(u"d.htm"_s), "<a href=_4_Car.htm>");
+    ASSERT_TRUE(QFile::setPermissions(locked, QFile::ReadOwner));
+    const QString open = base.path(file(u"a.htm"_s));
+    const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+    ASSERT_TRUE(QFile::setPermissions(open, permissions));
+
+    const CorrectedLinks links = Correzione_Links(base.path(u"Shop"_s), {{u"_4_Car.htm"_s, u"_4_Voitures €.htm"_s}});
+    EXPECT_EQ(links.files, 5);
+    ASSERT_EQ(links.failures.size(), 1);
+    EXPECT_EQ(links.failures[0].number, FaultNumber::kPermissionDenied);
+    EXPECT_EQ(links.failures[0].path, locked);
+    EXPECT_EQ(
+        base.bytes(file(u"a.htm"_s)),
+        "<p>\xE0\r<a href=_4_Voitures%20%E2%82%AC.htm>\r\n<a href=_4_CAR.htm><a href=_4_Voitures%20%E2%82%AC.htm>\n");
+    EXPECT_EQ(QFile::permissions(open) & permissions, permissions);
+    EXPECT_EQ(base.bytes(file(u"b.html"_s)), "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Voitures%20%E2%82%AC.htm\">");
+    EXPECT_TRUE(base.bytes(file(u"c.htm"_s)).startsWith(QByteArray("\xFF\xFE<\0a\0", 6)));
+    EXPECT_EQ(base.bytes(file(u"d.htm"_s)), "<a href=_4_Car.htm>");
+    EXPECT_EQ(base.bytes(file(u"_§_1_card.htm"_s)), "<a href=_4_Car.htm>");
+    EXPECT_EQ(base.bytes(file(u"media/img/menu_items.js"_s)),
+              "this.item0 = 'Car';\rthis.url0 = '_4_Voitures \xE2\x82\xAC.htm';\r");
+    EXPECT_EQ(base.bytes(file(u"media/img/reference.js"_s)),
+              "txtLink1.Text = _4_Voitures \xE2\x82\xAC.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n");
+    EXPECT_EQ(QDir(base.path(u"Shop"_s)).entryList(QDir::Files | QDir::Hidden).size(), 7);
+}
+
+}  // namespace pondera
