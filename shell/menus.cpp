@@ -45,6 +45,8 @@ constexpr std::array kContextMenu{
     ContextEntry{"Image Position"_L1, "mnu_pos_imm"_L1},
     ContextEntry{"Image Caption"_L1, "mnu_didascalia"_L1},
     ContextEntry{""_L1, ""_L1},
+    ContextEntry{"Link..."_L1, "Rendi_inter"_L1},
+    ContextEntry{"Remove Link"_L1, "mnu_unlink"_L1},
     ContextEntry{"Link to Popup"_L1, "mnu_link_popup"_L1},
     ContextEntry{"Resize Popup"_L1, "mnu_resize_popup"_L1},
     ContextEntry{"Delete Link to Popup"_L1, "mnu_delete_link_popup"_L1},

@@ -1,0 +1,220 @@
+#include "shell/links/link_commands.h"
+
+#include <QTest>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+#include <QtWidgets>
+
+#include "base/text_file.h"
+#include "shell/editing/dhtml_edit.h"
+#include "tests/shell/window/window_fixture.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The page "Trips" of the Website "Shop", and files of the person's beside the Websites.
+class LinkCommands : public WindowFixture {
+  protected:
+    void show_page(const QString& body) {
+        for (const QString& file : {u"§_4_Trips.htm"_s, u"_4_Trips.htm"_s}) write(u"Shop"_s, file, body);
+        workbench().close_website();  // what was done on the page before is given up
+        open(u"Shop"_s);
+        ASSERT_TRUE(workbench().load(u"_4_Trips.htm"_s));
+    }
+
+    EditingControl& editor() { return workbench().editor(); }
+
+    QString body() {
+        const QString text = editor().text();
+        const qsizetype begin = text.indexOf(u'>', text.indexOf(u"<BODY"_s)) + 1;
+        return text.sliced(begin, text.indexOf(u"</BODY>"_s) - begin).remove(u'\r').remove(u'\n');
+    }
+
+    /// Selects what is in the element that a selector names.
+    void select(const QString& selector) {
+        bool done = false;
+        const QString script =
+            u"pondera.selection.select(null); getSelection().selectAllChildren(document.querySelector('%1'))"_s;
+        find<DHTMLEdit>(u"DHTMLEdit1"_s)
+            .view()
+            ->page()
+            ->runJavaScript(script.arg(selector), QWebEngineScript::ApplicationWorld,
+                            [&done](const QVariant&) { done = true; });
+        ASSERT_TRUE(QTest::qWaitFor([&done] { return done; }));
+    }
+
+    /// Runs Link on the words of a page that is a paragraph "one".
+    void link_words(const ScriptedPrompts::Filler& fill) {
+        show_page(u"<p>one</p>"_s);
+        select(u"p"_s);
+        link(fill);
+    }
+
+    /// Runs Link on what is selected.
+    void link(const ScriptedPrompts::Filler& fill) { run(u"Rendi_inter"_s, u"frm_collegamento"_s, fill); }
+
+    void run(const QString& command, const QString& form, const ScriptedPrompts::Filler& fill) {
+        prompts_.expect_form(form, fill);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return choose(command); }));
+    }
+
+    [[nodiscard]] QString path(const QString& name) const { return home_.filePath(name); }
+};
+
+QString linked(const QString& address) {
+    return u"<P><A href=\"%1\">one</A></P>"_s.arg(address);
+}
+
+TEST_F(LinkCommands, LinkToAPageIsOneStepAndOpensWhereItLeads) {
+    link_words([](const FormHand& form) {
+        form.photograph(u"link_page"_s).choose(u"list"_s, u"Map  ;  [popup]"_s).click(u"OKButton"_s);
+    });
+    EXPECT_EQ(body(), linked(u"_x_Map.htm"_s));
+    ASSERT_TRUE(editor().execute(EditCommand::kUndo));
+    EXPECT_EQ(body(), u"<P>one</P>"_s);
+
+    show_page(linked(u"index.htm#hours"_s));
+    select(u"a"_s);
+    link([](const FormHand& form) { form.photograph(u"link_change"_s).click(u"OKButton"_s); });
+    EXPECT_EQ(body(), linked(u"index.htm#hours"_s)) << "the same page keeps its anchor";
+    link([](const FormHand& form) { form.type(u"txtFilter"_s, u"trips"_s).press(Qt::Key_Return); });
+    EXPECT_EQ(body(), linked(u"_4_Trips.htm"_s));
+    link([](const FormHand& form) { form.click(u"remove_link"_s); });
+    EXPECT_EQ(body(), u"<P>one</P>"_s);
+}
+
+TEST_F(LinkCommands, LinkToAnAddressIsCompletedOrRefused) {
+    link_words([&](const FormHand& form) {
+        form.click(u"link_to_address"_s).photograph(u"link_address"_s);
+        for (const auto& [typed, message] : {std::pair{u""_s, u"Type an address"_s},
+                                             {u"javascript:alert(1)"_s, u"cannot run a script"_s},
+                                             {u"C:\\x.jpg"_s, u"a file of your computer"_s}}) {
+            prompts_.expect_message(message);
+            form.type(u"txtAddress"_s, typed).click(u"OKButton"_s);
+        }
+        form.type(u"txtAddress"_s, u"www.example.org"_s).press(Qt::Key_Return);
+    });
+    EXPECT_EQ(body(), linked(u"https://www.example.org"_s));
+    link([](const FormHand& form) {
+        EXPECT_EQ(form.widget<QLineEdit>(u"txtAddress"_s).text(), u"https://www.example.org"_s);
+        form.type(u"txtAddress"_s, u"ann@example.org"_s).click(u"OKButton"_s);
+    });
+    EXPECT_EQ(body(), linked(u"mailto:ann@example.org"_s));
+}
+
+TEST_F(LinkCommands, LinkToAFileOfThisComputerBringsItIn) {
+    ASSERT_TRUE(QDir().mkpath(path(u"more"_s)));
+    ASSERT_TRUE(write_file(path(u"Price list.pdf"_s), "%PDF"));
+    ASSERT_TRUE(write_file(path(u"more/Price list.pdf"_s), "%PDF 2"));
+    for (const auto& [file, address] : {std::pair{u"Price list.pdf"_s, u"Price-list.pdf"_s},
+                                        {u"Price list.pdf"_s, u"Price-list.pdf"_s},
+                                        {u"more/Price list.pdf"_s, u"Price-list-2.pdf"_s}}) {
+        link_words([&](const FormHand& form) {
+            prompts_.expect_message(u"Choose the file"_s).expect_file(path(file));
+            form.click(u"link_to_file"_s).click(u"OKButton"_s).click(u"choose_file"_s);
+            form.photograph(u"link_file"_s).click(u"OKButton"_s);
+        });
+        EXPECT_EQ(body(), linked(address));
+    }
+    EXPECT_EQ(prompts_.questions().last().start_folder, home_.path()) << "where the one before was";
+    EXPECT_EQ(read_file(roots_.website(u"Shop"_s) + u"/Price-list.pdf"_s), QByteArray("%PDF"));
+}
+
+TEST_F(LinkCommands, LinkToAPlaceOfThePage) {
+    show_page(u"<h1>Trips</h1><p>one</p><p><a id=sea></a>By the sea</p>"_s);
+    select(u"p"_s);
+    link([&](const FormHand& form) {
+        prompts_.expect_message(u"Select a place of the page."_s);
+        form.click(u"link_to_place"_s).click(u"OKButton"_s).photograph(u"link_place"_s);
+        EXPECT_EQ(form.entries(u"places"_s).join(u'|'), u"Trips|sea  ;  [By the sea]"_s);
+        form.double_click(u"places"_s, u"Trips"_s);
+    });
+    EXPECT_TRUE(body().startsWith(u"<H1 id=Trips>Trips</H1>"_s + linked(u"#Trips"_s))) << body().toStdString();
+    link([](const FormHand& form) {
+        EXPECT_EQ(form.widget<QListWidget>(u"places"_s).currentRow(), 0);
+        form.choose(u"places"_s, u"sea  ;  [By the sea]"_s).click(u"OKButton"_s);
+    });
+    EXPECT_TRUE(body().contains(linked(u"#sea"_s)));
+}
+
+TEST_F(LinkCommands, LinkSaysWhyNotAndTheTreeLinksByTheSameRules) {
+    show_page(u"<p>one <a href=\"javascript:esempio('_x_Map.htm');\">map</a></p>"_s);
+    prompts_.expect_message(u"Select the words or the picture"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return choose(u"Rendi_inter"_s); }));
+    for (const QString& place : {u"a"_s, u"p"_s}) {
+        select(place);
+        prompts_
+            .expect_message(
+                u"It is not possible to change the link already existing.\nDelete the link to popup and create a new one."_s)
+            .expect_message(u"It is not possible to change the link"_s);
+        choose(u"Rendi_inter"_s);
+        link_selection_to(workbench(), u"index.htm"_s);
+    }
+    show_page(u"<p>one</p>"_s);
+    select(u"p"_s);
+    link_selection_to(workbench(), u"_4_Trips.htm"_s);
+    EXPECT_EQ(body(), linked(u"_4_Trips.htm"_s));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return choose(u"mnu_unlink"_s); }));
+    EXPECT_EQ(body(), u"<P>one</P>"_s);
+}
+
+TEST_F(LinkCommands, AnchorsAreNamedChangedAndRemoved) {
+    show_page(u"<h1>Trips <a id=top></a></h1><p>By the sea</p>"_s);
+    select(u"p"_s);
+    const auto name = [&](const ScriptedPrompts::Filler& fill) { run(u"mnu_ins_ancora"_s, u"frm_ancora"_s, fill); };
+    name([&](const FormHand& form) {
+        EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"By-the-sea"_s);
+        EXPECT_EQ(form.form().findChild<QPushButton*>(u"remove_anchor"_s), nullptr);
+        prompts_.expect_message(u"holds no blanks"_s).expect_message(u"already has a place named TOP"_s);
+        form.type(u"txtName"_s, u"our sea"_s).click(u"OKButton"_s).type(u"txtName"_s, u"TOP"_s).click(u"OKButton"_s);
+        form.type(u"txtName"_s, u"sea"_s).press(Qt::Key_Return);
+    });
+    EXPECT_TRUE(body().endsWith(u"<P><A id=sea>By the sea</A></P>"_s)) << body().toStdString();
+    name(
+        [](const FormHand& form) { form.photograph(u"anchor"_s).type(u"txtName"_s, u"beach"_s).click(u"OKButton"_s); });
+    EXPECT_TRUE(body().endsWith(u"<P><A id=beach>By the sea</A></P>"_s));
+    name([](const FormHand& form) { form.click(u"remove_anchor"_s); });
+    EXPECT_TRUE(body().endsWith(u"<P>By the sea</P>"_s));
+}
+
+TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
+    write(u"Shop"_s, u"çindex.htm"_s,
+          u"<p>x <a href=gone.htm>first</a> <a href=gone.htm>second</a> <img src=lost.gif></p>"_s);
+    const QString menu = roots_.website(u"Shop"_s) + u"/media/img/menu_items.js"_s;
+    ASSERT_TRUE(write_file(menu, "['x', '_4_Closed.htm']"));
+    show_page(u"<p>one</p>"_s);
+    change_page();
+    prompts_.expect_message(u"has unsaved changes"_s, Answer::kCancel);
+    choose(u"mnu_link_rotti"_s);
+    const auto go_to_second = [&](const FormHand& form) {
+        EXPECT_EQ(form.widget<QLabel>(u"count"_s).text(), u"4 addresses lead nowhere, of 4 links on 3 pages."_s);
+        form.photograph(u"broken_links"_s);
+        ASSERT_TRUE(write_file(roots_.website(u"Shop"_s) + u"/lost.gif"_s, "x"));
+        form.click(u"check_again"_s);
+        EXPECT_EQ(form.entries(u"broken_links"_s).join(u'|'), u"HOME PAGE|HOME PAGE|media/img/menu_items.js"_s);
+        form.press(Qt::Key_Down).press(Qt::Key_Return);
+    };
+    prompts_.expect_message(u"has unsaved changes"_s, Answer::kSave).expect_form(u"frm_link_rotti"_s, go_to_second);
+    choose(u"mnu_link_rotti"_s);
+    EXPECT_EQ(page(), u"index.htm"_s);
+    EXPECT_EQ(editor().selection().text, u"second"_s);
+
+    const auto go_to_menu = [](const FormHand& form) {
+        form.double_click(u"broken_links"_s, u"media/img/menu_items.js"_s);
+    };
+    prompts_.expect_form(u"frm_link_rotti"_s, go_to_menu)
+        .expect_message(u"stands in the file media/img/menu_items.js"_s);
+    choose(u"mnu_link_rotti"_s);
+    QFile::remove(menu);
+    write(u"Shop"_s, u"çindex.htm"_s, u"<p>x <a href=_4_Trips.htm>first</a></p>"_s);
+    prompts_.expect_message(u"There are no broken links.\n1 link on 3 pages have been checked."_s);
+    choose(u"mnu_link_rotti"_s);
+}
+
+}  // namespace
+
+}  // namespace pondera
