@@ -39,20 +39,25 @@ std::optional<QString> name_of_model(Workbench& workbench) {
     }
 }
 
+FileResult<void> save_and_photograph(Workbench& workbench, const QString& name) {
+    const ProgressRun wait(workbench.progress(), u"Save of model"_s, u"in progress..."_s, 0);
+    auto saved = save_interface_model(workbench.roots(), {workbench.website_folder(), name});
+    if (saved) photograph_model(workbench.roots(), name);
+    return saved;
+}
+
 }  // namespace
 
 /// Saves the cards of the open Website as an interface model.
 void Salva_Modello(Workbench& workbench) {
     const auto name = name_of_model(workbench);
     if (!name) return;
-    const ProgressRun wait(workbench.progress(), u"Save of model"_s, u"in progress..."_s, 0);
-    const auto saved = save_interface_model(workbench.roots(), {workbench.website_folder(), *name});
+    const auto saved = save_and_photograph(workbench, *name);
     if (!saved) {
         return workbench.prompts().tell(
             u"The interface model %1 could not be saved.\n\n%2"_s.arg(*name, fault_sentence(saved.error())),
             MessageIcon::kCritical);
     }
-    photograph_model(workbench.roots(), *name);
     workbench.prompts().tell(u"Interface model saved:\n"_s + *name, MessageIcon::kInformation);
 }
 

@@ -83,7 +83,7 @@ const QList<Command>& website_commands() {
          .caption = u"Save Website &As..."_s,
          .menu = u"File"_s,
          .help = {u"/_HELP/_6_File Save As.htm"_s, u"Help - Save Website as"_s},
-         .keys = QKeySequence::SaveAs,
+         .keys = QKeySequence(u"Ctrl+Shift+S"_s),
          .run = salva_con_nome2},
         {.name = u"Esporta_Website"_s,
          .caption = u"&Export Website..."_s,
