@@ -59,6 +59,11 @@ class Prompts {
     bool yes(const QString& question) {
         return message({question, MessageIcon::kQuestion, {Answer::kYes, Answer::kNo}, {}}) == Answer::kYes;
     }
+
+    /// As yes, for what cannot be undone: No is the default button, so that Enter alone does nothing.
+    bool really(const QString& question, const QList<Answer>& answers = {Answer::kNo, Answer::kYes}) {
+        return message({question, MessageIcon::kQuestion, answers, {}}) == Answer::kYes;
+    }
 };
 
 }  // namespace pondera

@@ -11,17 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Asked with No as the default button: Enter alone never deletes a Website.
-bool agreed(Workbench& workbench, const QString& question) {
-    return workbench.prompts().message(
-               {question, MessageIcon::kQuestion, {Answer::kNo, Answer::kYes, Answer::kCancel}, {}}) == Answer::kYes;
-}
-
 bool may_delete(Workbench& workbench) {
-    if (!agreed(workbench, u"Do you want to delete the current Website?"_s)) return false;
-    workbench.prompts().tell(u"The deletion will be IRREVERSIBLE!"_s);
-    return agreed(workbench, u"You are on the verge of deleting the Website "_s + workbench.website() +
-                                 u".\n\nAre you sure you want to definitively delete it?"_s);
+    const QList<Answer> answers{Answer::kNo, Answer::kYes, Answer::kCancel};
+    Prompts& person = workbench.prompts();
+    if (!person.really(u"Do you want to delete the current Website?"_s, answers)) return false;
+    person.tell(u"The deletion will be IRREVERSIBLE!"_s);
+    return person.really(u"You are on the verge of deleting the Website "_s + workbench.website() +
+                             u".\n\nAre you sure you want to definitively delete it?"_s,
+                         answers);
 }
 
 }  // namespace

@@ -30,13 +30,9 @@ std::optional<QString> website_meant(Workbench& workbench, const QString& folder
     return QDir(folder).filePath(form.choice());
 }
 
-bool may_replace(Workbench& workbench, const WebsiteImport& plan) {
-    const Answer answer =
-        workbench.prompts().message({u"The Website %1 is already present. Do you want to replace it?"_s.arg(plan.name),
-                                     MessageIcon::kQuestion,
-                                     {Answer::kNo, Answer::kYes},
-                                     {}});
-    return answer == Answer::kYes && (plan.name != workbench.website() || workbench.may_leave_page());
+bool may_replace(Workbench& workbench, const QString& name) {
+    return workbench.prompts().really(u"The Website %1 is already present. Do you want to replace it?"_s.arg(name)) &&
+           (name != workbench.website() || workbench.may_leave_page());
 }
 
 void report_failure(Workbench& workbench, const WebsiteImport& plan, const FileError& error) {
@@ -64,7 +60,7 @@ void Importa_Website(Workbench& workbench) {
     if (!folder) return;
     const auto plan = plan_import(workbench.roots(), *folder);
     if (!plan) return workbench.prompts().tell(plan.error());
-    if (plan->replaces && !may_replace(workbench, *plan)) return;
+    if (plan->replaces && !may_replace(workbench, plan->name)) return;
 
     const auto imported = [&] {
         ProgressRun run(workbench.progress(), u"Import of Website"_s, u"in progress..."_s, 0, Cancelling::kYes);

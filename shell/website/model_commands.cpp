@@ -14,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool agreed(Workbench& workbench, const QString& question) {
-    return workbench.prompts().message({question, MessageIcon::kQuestion, {Answer::kNo, Answer::kYes}, {}}) ==
-           Answer::kYes;
-}
-
 /// The name that the person gives the model, in the spelling of one that it replaces; nothing when they cancelled.
 std::optional<QString> name_of_model(Workbench& workbench) {
     QString name;
@@ -34,7 +29,7 @@ std::optional<QString> name_of_model(Workbench& workbench) {
         name = form.name();
         const QString present = model_in_use(workbench.roots(), name);
         if (present.isEmpty()) return name;
-        if (agreed(workbench, u"The model %1 is already present. Do you want to replace it?"_s.arg(present)))
+        if (workbench.prompts().really(u"The model %1 is already present. Do you want to replace it?"_s.arg(present)))
             return present;
     }
 }
@@ -66,7 +61,7 @@ void Elimina_Modello(Workbench& workbench) {
     Frm_Elimina_Modello form(workbench);
     if (!workbench.prompts().run(form)) return;
     const QString name = form.choice();
-    if (!agreed(workbench, u"Are you sure you want to definitely delete\nthe model "_s + name + u'?')) return;
+    if (!workbench.prompts().really(u"Are you sure you want to definitely delete\nthe model "_s + name + u'?')) return;
     const auto deleted = delete_interface_model(workbench.roots(), name);
     if (deleted) return;
     workbench.prompts().tell(
