@@ -69,10 +69,4 @@ TEST_F(SavedModels, ReplacingAndDeletingTakesAllOfOneModelOnly) {
     EXPECT_TRUE(QFileInfo::exists(interface_model_preview(roots_, u"Mine2"_s, 2)));
 }
 
-TEST_F(SavedModels, AWebsiteWithoutCardsSavesNothing) {
-    ASSERT_TRUE(QFile::remove(base_.path(u"Pondera/Shop/_§_1_card.htm"_s)));
-    EXPECT_EQ(save(u"Mine"_s).error().number, FaultNumber::kPathNotFound);
-    EXPECT_FALSE(system(u"Mine_çMenu.htm"_s).startsWith("url"));
-}
-
 }  // namespace pondera

@@ -1,8 +1,6 @@
 #include <QtWidgets>
 
-#include "base/text_file.h"
 #include "shell/website/recent_websites.h"
-#include "shell/website/website_commands.h"
 #include "site/first_start.h"
 #include "site/interface_models.h"
 #include "site/website_creation.h"
@@ -19,24 +17,20 @@ namespace {
 
 using Filler = ScriptedPrompts::Filler;
 
-Filler choose_entry(const QString& entry, const QString& picture = {}) {
+/// Types one name after the other, each confirmed with OK.
+Filler names(const QString& title, const QStringList& names) {
     return [=](const FormHand& form) {
-        form.choose(u"list"_s, entry);
-        if (!picture.isEmpty()) form.photograph(picture);
-        form.click(u"OKButton"_s);
+        EXPECT_EQ(form.form().windowTitle(), title);
+        for (const QString& name : names) form.type(u"txtName"_s, name).photograph(title).click(u"OKButton"_s);
     };
 }
 
-Filler name_it(const QString& name, const QString& picture = {}) {
+/// Presses OK at once, then chooses an entry of the list.
+Filler pick(const QString& title, const QString& entries, const QString& entry) {
     return [=](const FormHand& form) {
-        form.type(u"txtName"_s, name);
-        if (!picture.isEmpty()) form.photograph(picture);
-        form.click(u"OKButton"_s);
+        EXPECT_EQ(form.form().windowTitle() + u": "_s + form.entries(u"list"_s).join(u'|'), title + u": "_s + entries);
+        form.click(u"OKButton"_s).choose(u"list"_s, entry).photograph(title).click(u"OKButton"_s);
     };
-}
-
-Filler leave() {
-    return [](const FormHand& form) { form.press(Qt::Key_Escape); };
 }
 
 class WebsiteLife : public WindowFixture {
@@ -59,13 +53,10 @@ TEST_F(WebsiteLife, ImportOffersWhatAFolderHoldsAndOpensIt) {
     choose(u"Importa_Website"_s);
 
     for (const QString& name : {u"Bakery"_s, u"Garden"_s, u"_HELP"_s}) outside_website(name);
-    const auto pick = [](const FormHand& form) {
-        EXPECT_EQ(form.form().windowTitle() + form.entries(u"list"_s).join(u'|'), u"Select a WebsiteBakery|Garden");
-        choose_entry(u"Garden"_s, u"import_list"_s)(form);
-    };
     outside_.put(u"Garden/papers/a.pdf"_s);
     prompts_.expect_folder(outside_.path())
-        .expect_form(u"Frm_Apri_nuovo"_s, pick)
+        .expect_form(u"Frm_Apri_nuovo"_s, pick(u"Select a Website"_s, u"Bakery|Garden"_s, u"Garden"_s))
+        .expect_message(u"Select a Progect!"_s)
         .expect_message(u"Website correctly copied in:\n"_s + roots_.website(u"Garden"_s));
     choose(u"Importa_Website"_s);
     EXPECT_TRUE(prompts_.messages().last().text.endsWith(u"\npapers/"_s));
@@ -100,12 +91,7 @@ TEST_F(WebsiteLife, ImportReplacesTheOpenWebsiteOnlyWhenAllIsAgreed) {
 TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
     open(u"Shop"_s);
     change_page(u"my words"_s);
-    const auto names = [](const FormHand& form) {
-        EXPECT_EQ(form.form().windowTitle(), u"Save Website as");
-        form.type(u"txtName"_s, u"My Shop"_s).click(u"OKButton"_s).type(u"txtName"_s, u"EMPTY"_s).click(u"OKButton"_s);
-        name_it(u"Bakery"_s, u"save_as"_s)(form);
-    };
-    prompts_.expect_form(u"Frm_Nuovo"_s, names)
+    prompts_.expect_form(u"Frm_Nuovo"_s, names(u"Save Website as"_s, {u"My Shop"_s, u"EMPTY"_s, u"Bakery"_s}))
         .expect_message(u"or Cancel the space after the name"_s)
         .expect_message(u"Name of the Website already used!"_s);
     choose(u"salva_con_nome2"_s);
@@ -113,7 +99,6 @@ TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
     EXPECT_FALSE(workbench().editor().modified());
     for (const QString& website : {u"Shop"_s, u"Bakery"_s})
         EXPECT_TRUE(read(website, u"çindex.htm"_s).contains(u"my words"_s)) << website.toStdString();
-    EXPECT_EQ(list_pages(roots_.website(u"Bakery"_s)), list_pages(roots_.website(u"Shop"_s)));
 }
 
 TEST_F(WebsiteLife, DeletionAsksTwiceAndTheWindowForgetsTheWebsite) {
@@ -150,12 +135,8 @@ TEST_F(WebsiteLife, ModelsAreSavedShownReplacedAndDeleted) {
     ASSERT_TRUE(create_website_folder(roots_, u"Bakery"_s));
     ASSERT_TRUE(fill_website(roots_, {u"Bakery"_s, u"Store_Interface"_s, 1}));
     open(u"Bakery"_s);
-    const auto names = [](const FormHand& form) {
-        EXPECT_EQ(form.form().windowTitle(), u"Name of Interface Model");
-        form.type(u"txtName"_s, u"store_interface"_s).click(u"OKButton"_s);
-        name_it(u"Mine"_s, u"save_model"_s)(form);
-    };
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, names)
+    const QString naming = u"Name of Interface Model"_s;
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, names(naming, {u"store_interface"_s, u"Mine"_s}))
         .expect_message(u"belongs to the program"_s)
         .expect_message(u"Interface model saved:"_s);
     choose(u"Salva_Modello"_s);
@@ -165,25 +146,21 @@ TEST_F(WebsiteLife, ModelsAreSavedShownReplacedAndDeleted) {
     for (const QPoint place : {QPoint(20, 20), QPoint(390, 150), QPoint(60, 300)})
         EXPECT_LT(std::abs(qGray(shown.pixel(place)) - qGray(shipped.pixel(place))), 40) << place.x();
 
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, name_it(u"MINE"_s))
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, names(naming, {u"MINE"_s}))
         .expect_message(u"The model Mine is already present. Do you want to replace it?"_s, Answer::kNo)
-        .expect_form(u"Frm_Nuova_Scheda"_s, leave());
+        .expect_form(u"Frm_Nuova_Scheda"_s, [](const FormHand& form) { form.press(Qt::Key_Escape); });
     choose(u"Salva_Modello"_s);
 
     const QString question = u"Are you sure you want to definitely delete\nthe model Mine?"_s;
-    const auto pick = [](const FormHand& form) {
-        EXPECT_EQ(form.entries(u"list"_s), QStringList({u"Interfaccia Mine"_s}));
-        form.click(u"OKButton"_s);
-        choose_entry(u"Interfaccia Mine"_s, u"delete_model"_s)(form);
-    };
-    prompts_.expect_form(u"Frm_Elimina_Modello"_s, pick)
-        .expect_message(u"Select a Model!"_s)
-        .expect_message(question, Answer::kNo);
-    choose(u"Elimina_Modello"_s);
-    EXPECT_EQ(list_own_interface_models(roots_), QStringList({u"Mine"_s}));
-    prompts_.expect_form(u"Frm_Elimina_Modello"_s, choose_entry(u"Interfaccia Mine"_s))
-        .expect_message(question, Answer::kYes);
-    choose(u"Elimina_Modello"_s);
+    for (const Answer answer : {Answer::kNo, Answer::kYes}) {
+        EXPECT_EQ(list_own_interface_models(roots_), QStringList({u"Mine"_s}));
+        prompts_
+            .expect_form(u"Frm_Elimina_Modello"_s,
+                         pick(u"Delete Interface Model"_s, u"Interfaccia Mine"_s, u"Interfaccia Mine"_s))
+            .expect_message(u"Select a Model!"_s)
+            .expect_message(question, answer);
+        choose(u"Elimina_Modello"_s);
+    }
     EXPECT_EQ(list_own_interface_models(roots_), QStringList());
 }
 
