@@ -7,7 +7,9 @@ namespace pondera {
 using namespace Qt::StringLiterals;
 
 QDialogButtonBox* form_buttons(QDialog& form, const std::function<void()>& show_help) {
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help);
+    // In the form from the first: only there a default button is remembered when the focus goes to another one.
+    auto* buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Help, &form);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"OKButton"_s);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"CancelButton"_s);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kDocumentFolderSetting = u"Document Folder"_s;
-constexpr int kLongestWords = 60;
+constexpr qsizetype kLongestWords = 60;
 
 QLabel* note(const QString& text) {
     auto* label = new QLabel(text);
@@ -28,13 +28,17 @@ QLabel* note(const QString& text) {
     return label;
 }
 
+/// Words short enough for a line of the form.
+QString shortened(const QString& words) {
+    return words.size() > kLongestWords ? words.first(kLongestWords - 1) + u'…' : words;
+}
+
 /// What the link stands on, for the person.
 QString about(const Selection& selection) {
     if (selection.element)
         return selection.element->tag == u"IMG" ? u"the selected picture"_s : u"the selected element"_s;
     const QString words = selection.text.simplified();
-    if (words.isEmpty()) return u"the link at the caret"_s;
-    return u"\"%1\""_s.arg(words.size() > kLongestWords ? words.first(kLongestWords - 1) + u'…' : words);
+    return words.isEmpty() ? u"the link at the caret"_s : u"\"%1\""_s.arg(shortened(words));
 }
 
 /// Fields of a card, one below the other, beginning at its top.
@@ -100,7 +104,7 @@ void frm_collegamento::build(const Selection& selection) {
         remove->setObjectName(u"remove_link"_s);
         remove->setAutoDefault(false);  // Enter takes the choice, whatever has the focus
         connect(remove, &QPushButton::clicked, this, [this] { QDialog::accept(); });  // with no choice
-        layout->insertWidget(1, note(u"Now it leads to %1"_s.arg(href_)));
+        layout->insertWidget(1, note(u"Now it leads to %1"_s.arg(shortened(href_))));
     }
     resize(620, 480);
 }

@@ -75,12 +75,13 @@ frm_link_rotti::frm_link_rotti(Workbench& workbench, LinkCheck check,
     table_->horizontalHeader()->setStretchLastSection(true);
     connect(table_, &QTableWidget::cellDoubleClicked, this, &QDialog::accept);
 
-    auto* buttons = new QDialogButtonBox;
+    auto* buttons = new QDialogButtonBox(this);
     go_ = buttons->addButton(u"&Go There"_s, QDialogButtonBox::AcceptRole);
     go_->setObjectName(u"OKButton"_s);
     go_->setDefault(true);
     auto* again = buttons->addButton(u"Check &Again"_s, QDialogButtonBox::ActionRole);
     again->setObjectName(u"check_again"_s);
+    again->setAutoDefault(false);  // Enter goes there
     buttons->addButton(QDialogButtonBox::Close)->setObjectName(u"CancelButton"_s);
     buttons->addButton(QDialogButtonBox::Help)->setObjectName(u"HelpButton"_s);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -129,9 +130,7 @@ void frm_link_rotti::show_check() {
 }
 
 void frm_link_rotti::check_again() {
-    setEnabled(false);
     auto check = check_again_();
-    setEnabled(true);
     if (!check) return;
     check_ = std::move(*check);
     show_check();

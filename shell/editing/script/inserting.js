@@ -49,6 +49,7 @@ pondera.inserting = (() => {
         template.innerHTML = markup;
         const fragment = document.importNode(template.content, true);
         const range = caretRange();
+        pondera.places.dropTakenNames(fragment);
         if (!range || !fragment.lastChild) return;
         const paragraph = pondera.selection.elementOf(range).closest(kParted);
         dropPlaceholder(paragraph);

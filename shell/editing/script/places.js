@@ -119,6 +119,15 @@ pondera.places = (() => {
         return true;
     }
 
+    // Takes the names that the page has already from markup that is to be put into it: a copied place is no place of its own.
+    function dropTakenNames(fragment) {
+        for (const place of fragment.querySelectorAll(kPlaces)) {
+            if (!placeNamed(nameOf(place))) continue;
+            for (const name of ["id", "name"]) place.removeAttribute(name);
+            if (!place.hasAttribute("href")) place.replaceWith(...place.childNodes);
+        }
+    }
+
     let atRisk = [];
 
     // A key that takes a letter away beside an anchor without words would take the anchor as well: it is put back.
@@ -139,5 +148,5 @@ pondera.places = (() => {
         if (range && lost.length) getSelection().collapse(range.startContainer, range.startOffset);
     }
 
-    return { beforeDeleting, afterDeleting, kPlaces, marks, nameOf, placeNamed, places, linkTo, setPlace, placeName: () => nameOf(placeHere() || document.body) };
+    return { dropTakenNames, beforeDeleting, afterDeleting, kPlaces, marks, nameOf, placeNamed, places, linkTo, setPlace, placeName: () => nameOf(placeHere() || document.body) };
 })();
