@@ -10,6 +10,7 @@
 #include "shell/menus.h"
 #include "shell/mode_tabs.h"
 #include "shell/pages/folder_watch.h"
+#include "shell/pages/tree_commands.h"
 #include "shell/site_tree.h"
 #include "shell/start_page.h"
 #include "shell/text_toolbar.h"
@@ -129,6 +130,7 @@ void MainForm::build_tree() {
         if (workbench_.browsing() && browser_->shown_file() != workbench_.page())
             browser_->show_page(workbench_.page());
     });
+    new TreeCommands(*tree_, workbench_, this);
     folder_watch_ = new FolderWatch(this);
     tree_dock_ = new QDockWidget(u"Pages"_s, this);
     tree_dock_->setObjectName("tree_dock"_L1);

@@ -112,7 +112,7 @@ void SiteTree::build(const QString& name, const QStringList& pages) {
     }
     for (const QString& page : following) {
         add_page(items_.value(first_page_of_group(page)), page);
-        items_.value(page)->setText(0, u"page %1"_s.arg(group_place(page)->number));
+        if (const auto place = group_place(page)) items_.value(page)->setText(0, u"page %1"_s.arg(place->number));
     }
     addTopLevelItem(website);
 }

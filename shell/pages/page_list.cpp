@@ -45,8 +45,6 @@ PageList::PageList(QWidget* parent)
         "QListView::item:!selected { background: transparent; border: none; }"_s);
     list_->installEventFilter(this);
     connect(list_, &QListView::doubleClicked, this, &PageList::doubleClicked);
-    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { emit choiceChanged(choice()); });
 
     nothing_->setObjectName(u"lblNothing"_s);
     nothing_->setProperty("note", true);

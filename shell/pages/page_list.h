@@ -30,7 +30,6 @@ class PageList : public QWidget {
     void set_choice(const QString& file_name);
 
   signals:
-    void choiceChanged(const QString& file_name);  ///< empty: nothing is chosen any more
     void doubleClicked();
 
   protected:

@@ -1,0 +1,267 @@
+#include <QTest>
+#include <QtWidgets>
+
+#include "shell/site_tree.h"
+#include "site/first_start.h"
+#include "site/website_creation.h"
+#include "site/website_listing.h"
+#include "tests/shell/window/window_fixture.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kAdd = u"Would you like to add a page ?"_s;
+const QString kSure = u"Are you sure you want to delete a page ?"_s;
+const QString kNoWayBack =
+    u"The deletion is not reversible.\nPossible link to the page will not be checked.\nDo you want to continue?"_s;
+const QString kMedia =
+    u"Page deleted.\nAny images, audios, or videos that were used by the deleted page are still part of the website.\n"
+    "Do you want to select and delete them now?"_s;
+
+/// A Website "Club" made from a shipped model, with the pages "Trips", "Boats" and "Prices"; the home page is open.
+class PageCommands : public WindowFixture {
+  protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        ASSERT_TRUE(install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR "/system"), roots_));
+        ASSERT_TRUE(create_website_folder(roots_, u"Club"_s));
+        ASSERT_TRUE(fill_website(roots_, {.name = u"Club"_s, .model = u"Standard_Interface"_s, .card = 1}));
+        for (const QString& page : {u"_4_Trips"_s, u"_4_Boats"_s, u"_4_Prices"_s}) {
+            for (const QString& file : {page + u".htm"_s, u"§"_s + page + u".htm"_s})
+                write(u"Club"_s, file, u"<P>%1</P>"_s.arg(page));
+        }
+        open(u"Club"_s);
+    }
+
+    [[nodiscard]] QString club(const QString& file) const { return read(u"Club"_s, file); }
+    [[nodiscard]] QString pages() const { return list_pages(roots_.website(u"Club"_s)).join(u' '); }
+
+    void load(const QString& page) { ASSERT_TRUE(workbench().load(page)) << page.toStdString(); }
+
+    /// Adds a page behind the open one.
+    void add_page() {
+        prompts_.expect_message(kAdd, Answer::kYes);
+        ASSERT_TRUE(choose(u"Add_Pag"_s));
+    }
+
+    /// "Trips" with three pages that follow it; the last one is open.
+    void have_group() {
+        load(u"_4_Trips.htm"_s);
+        for (int n = 0; n < 3; ++n) add_page();
+    }
+
+    /// Where the arrows of a published page lead: "previous next", "-" where there is no arrow.
+    QString arrows(const QString& page) {
+        const auto target = [text = club(page)](const QString& mark) {
+            const qsizetype arrow = text.indexOf(mark);
+            const qsizetype link = arrow < 0 ? -1 : text.lastIndexOf(u"href=\""_s, arrow);
+            return link < 0 ? u"-"_s : text.mid(link + 6, text.indexOf(u'"', link + 6) - link - 6);
+        };
+        return target(u"FRECCIAxSINISTRA"_s) + u' ' + target(u"FRECCIAxDEX"_s);
+    }
+
+    /// The commands of the tree's menu at an item, a disabled one in brackets.
+    QString tree_menu(const QPoint& position) {
+        auto& tree = find<SiteTree>(u"TreeView1"_s);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, tree.viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(tree.viewport(), &event);
+        auto& menu = find<QMenu>(u"tree_menu"_s);
+        QStringList names;
+        for (const QAction* action : menu.actions())
+            if (!action->isSeparator())
+                names += action->isEnabled() ? action->objectName() : u"(%1)"_s.arg(action->objectName());
+        if (const QString folder = qEnvironmentVariable("PONDERA_PICTURES"); !folder.isEmpty())
+            menu.grab().save(folder + u"/tree_menu.png"_s);
+        return names.join(u' ');
+    }
+
+    QPoint place_in_tree(const QString& text) {
+        auto& tree = find<SiteTree>(u"TreeView1"_s);
+        return tree.visualItemRect(tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0)).center();
+    }
+};
+
+/// Types names that are refused with these messages one after the other, then one that is taken.
+ScriptedPrompts::Filler type_names(const QStringList& names) {
+    return [names](const FormHand& form) {
+        EXPECT_EQ(names.isEmpty(), false);
+        form.photograph(form.form().windowTitle());
+        for (const QString& name : names) form.type(u"txtName"_s, name).click(u"OKButton"_s);
+    };
+}
+
+const auto kCancelled = [](const FormHand& form) { form.click(u"CancelButton"_s); };
+
+ScriptedPrompts::Filler pick(const QString& entry) {
+    return [entry](const FormHand& form) { form.double_click(u"list"_s, entry); };
+}
+
+TEST_F(PageCommands, ANewPageIsMadeNamedAndOpened) {
+    change_page(u"unsaved"_s);
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kCancel);
+    choose(u"mnu_pag_new"_s);
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kSave)
+        .expect_form(u"Frm_Nuova_Scheda"_s,
+                     type_names({u"ab"_s, u"My Clubs"_s, u"Trip"_s, u"Big boat"_s, u"Harbour.htm"_s}))
+        .expect_message(u"Choose a name with at least 3 characters"_s)
+        .expect_message(u"words used in Website name"_s)
+        .expect_message(u"words used in the name of other pages"_s)
+        .expect_message(u"Cancel the space after the name"_s);
+    choose(u"mnu_pag_new"_s);
+    EXPECT_EQ(page(), u"_4_Harbour.htm");
+    EXPECT_TRUE(club(u"index.htm"_s).contains(u"unsaved"_s));
+    EXPECT_TRUE(club(u"_4_Harbour.htm"_s).contains(u"<TITLE>Harbour</TITLE>"_s));
+    EXPECT_FALSE(workbench().editor().modified());
+    EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), u"_4_Harbour.htm");
+}
+
+TEST_F(PageCommands, AddedPagesFollowEachOtherByArrows) {
+    have_group();
+    EXPECT_EQ(page(), u"_4_Trips_page3_.htm");
+    EXPECT_EQ(arrows(u"_4_Trips.htm"_s), u"- _4_Trips_page1_.htm");
+    EXPECT_EQ(arrows(u"_4_Trips_page2_.htm"_s), u"_4_Trips_page1_.htm _4_Trips_page3_.htm");
+    load(u"_4_Trips_page1_.htm"_s);
+    prompts_.expect_message(kAdd, Answer::kYes)
+        .expect_message(u"It's not possible to add another page inside a group."_s);
+    choose(u"Add_Pag"_s);
+}
+
+TEST_F(PageCommands, AddPageIsRefused) {
+    const QString before = pages();
+    prompts_.expect_message(kAdd, Answer::kNo);
+    choose(u"Add_Pag"_s);
+    for (const QString& file : {u"_4_Subject.htm"_s, u"§_4_Subject.htm"_s}) write(u"Club"_s, file, u"x"_s);
+    load(u"_4_Subject.htm"_s);
+    prompts_.expect_message(kAdd, Answer::kYes).expect_message(u"Rename the page before to add a page"_s);
+    choose(u"Add_Pag"_s);
+    EXPECT_EQ(pages(), before + u" _4_Subject.htm"_s);
+}
+
+TEST_F(PageCommands, RenamingTakesLinksAndGroupAlong) {
+    write(u"Club"_s, u"§_4_Boats.htm"_s, u"<A href=\"_4_Trips.htm#top\">t</A> <A href=\"_4_Tripsters.htm\">o</A>"_s);
+    have_group();
+    change_page(u"unsaved"_s);
+    prompts_
+        .expect_form(u"Frm_Nuova_Scheda"_s,
+                     [](const FormHand& form) {
+                         EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"Trips");
+                         EXPECT_EQ(form.form().windowTitle(), u"Rename Page");
+                         type_names({u"Boat"_s, u"TripsAndMore"_s})(form);
+                     })
+        .expect_message(u"words used in the name of other pages"_s);
+    choose(u"mnu_rinomina_pagina"_s);
+    EXPECT_EQ(page(), u"_4_TripsAndMore_page3_.htm");
+    EXPECT_EQ(pages(),
+              u"index.htm _4_Boats.htm _4_Prices.htm _4_TripsAndMore.htm _4_TripsAndMore_page1_.htm "
+              "_4_TripsAndMore_page2_.htm _4_TripsAndMore_page3_.htm");
+    EXPECT_EQ(arrows(u"_4_TripsAndMore_page2_.htm"_s), u"_4_TripsAndMore_page1_.htm _4_TripsAndMore_page3_.htm");
+    EXPECT_TRUE(club(u"§_4_Boats.htm"_s).contains(u"\"_4_TripsAndMore.htm#top\">t</A> <A href=\"_4_Tripsters.htm\""_s));
+    EXPECT_TRUE(club(u"_4_TripsAndMore_page3_.htm"_s).contains(u"unsaved"_s));
+    EXPECT_FALSE(workbench().editor().modified());
+    EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), page());
+}
+
+TEST_F(PageCommands, RenamingIsRefusedOrDoesNothing) {
+    prompts_.expect_message(u"The home page cannot be renamed"_s);
+    choose(u"mnu_rinomina_pagina"_s);
+
+    const QString before = pages();
+    load(u"_4_Trips.htm"_s);
+    change_page();
+    for (const auto& filler : {ScriptedPrompts::Filler(kCancelled), type_names({u"Trips"_s})}) {
+        prompts_.expect_form(u"Frm_Nuova_Scheda"_s, filler);
+        choose(u"mnu_rinomina_pagina"_s);
+        EXPECT_EQ(pages() + page(), before + u"_4_Trips.htm"_s);
+        EXPECT_TRUE(workbench().editor().modified()) << "nothing was saved on the way";
+    }
+    // Another spelling of its own name is no other page's.
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"TRIPS"_s}));
+    choose(u"mnu_rinomina_pagina"_s);
+    EXPECT_EQ(page(), u"_4_TRIPS.htm");
+}
+
+TEST_F(PageCommands, DeletingAsksInOrderAndCanBeLeftAtEachQuestion) {
+    const QString before = pages();
+    prompts_.expect_message(kSure, Answer::kCancel);
+    choose(u"Erase_Vid"_s);
+    prompts_.expect_message(kSure).expect_form(u"frm_collegamento_popup"_s, kCancelled);
+    choose(u"Erase_Vid"_s);
+    prompts_.expect_message(kSure).expect_form(u"frm_collegamento_popup"_s, pick(u"HOME PAGE"_s));
+    prompts_.expect_message(u"You cannot delete the file index.htm"_s);
+    choose(u"Erase_Vid"_s);
+    prompts_.expect_message(kSure)
+        .expect_form(u"frm_collegamento_popup"_s, pick(u"Trips  ;  [page]"_s))
+        .expect_message(kNoWayBack, Answer::kCancel);
+    choose(u"Erase_Vid"_s);
+    EXPECT_EQ(pages(), before);
+}
+
+TEST_F(PageCommands, TheOpenPageGoesWithItsChangesAndAnotherIsShown) {
+    load(u"_4_Trips.htm"_s);
+    change_page();
+    prompts_.expect_message(kSure)
+        .expect_form(u"frm_collegamento_popup"_s, pick(u"Trips  ;  [page]"_s))
+        .expect_message(kNoWayBack)
+        .expect_message(kMedia, Answer::kNo);
+    choose(u"Erase_Vid"_s);
+    EXPECT_EQ(page(), u"index.htm");
+    EXPECT_EQ(pages(), u"index.htm _4_Boats.htm _4_Prices.htm");
+    EXPECT_EQ(club(u"§_4_Trips.htm"_s), u"");
+    change_page();
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard);
+    EXPECT_TRUE(workbench().load(u"_4_Boats.htm"_s)) << "what was given up was that page's alone";
+}
+
+TEST_F(PageCommands, TheOpenPageFollowsItsGroupWhenAnotherOfItIsDeleted) {
+    have_group();
+    change_page(u"of the last page"_s);
+    prompts_.expect_message(kSure).expect_message(kNoWayBack).expect_message(kMedia, Answer::kNo);
+    auto& tree = find<SiteTree>(u"TreeView1"_s);
+    tree.setCurrentItem(tree.findItems(u"page 1"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+    QTest::keyClick(&tree, Qt::Key_Delete);
+    EXPECT_EQ(page(), u"_4_Trips_page2_.htm");
+    EXPECT_TRUE(workbench().editor().text().contains(u"of the last page"_s));
+    EXPECT_EQ(arrows(u"_4_Trips.htm"_s), u"- _4_Trips_page1_.htm");
+    EXPECT_EQ(arrows(u"_4_Trips_page2_.htm"_s), u"_4_Trips_page1_.htm -");
+
+    // The neighbour that is open gets its new arrows into the editor.
+    load(u"_4_Trips.htm"_s);
+    prompts_.expect_message(kSure).expect_message(kNoWayBack).expect_message(kMedia, Answer::kNo);
+    tree.setCurrentItem(tree.findItems(u"page 1"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+    QTest::keyClick(&tree, Qt::Key_Delete);
+    EXPECT_EQ(arrows(u"_4_Trips.htm"_s), u"- _4_Trips_page1_.htm");
+    EXPECT_EQ(pages(), u"index.htm _4_Boats.htm _4_Prices.htm _4_Trips.htm _4_Trips_page1_.htm");
+    EXPECT_FALSE(workbench().editor().changed_on_disk());
+}
+
+TEST_F(PageCommands, TheTreeOffersWhatFitsAndOpensThePageFirst) {
+    EXPECT_EQ(tree_menu(place_in_tree(u"Trips"_s)), u"tree_open Add_Pag mnu_rinomina_pagina mnu_treedelete");
+    find<QMenu>(u"tree_menu"_s).close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(tree_menu(place_in_tree(u"HOME PAGE"_s)), u"tree_open Add_Pag (mnu_rinomina_pagina) (mnu_treedelete)");
+    find<QMenu>(u"tree_menu"_s).close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(tree_menu(place_in_tree(u"Pages"_s)), u"mnu_pag_new");
+    find<QMenu>(u"tree_menu"_s).close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    tree_menu(place_in_tree(u"Trips"_s));
+    change_page();
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard).expect_message(kAdd, Answer::kYes);
+    find<QMenu>(u"tree_menu"_s).findChild<QAction*>(u"Add_Pag"_s)->trigger();
+    EXPECT_EQ(page(), u"_4_Trips_page1_.htm");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    auto& tree = find<SiteTree>(u"TreeView1"_s);
+    tree.setCurrentItem(tree.findItems(u"Boats"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"Ships"_s}));
+    QTest::keyClick(&tree, Qt::Key_F2);
+    EXPECT_EQ(page(), u"_4_Ships.htm");
+}
+
+}  // namespace
+
+}  // namespace pondera
