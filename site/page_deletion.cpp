@@ -126,7 +126,7 @@ PageOutcome delete_page(const QString& website_folder, const QString& page, cons
         left_undone_message(u"The page is deleted, but these files could not be changed:"_s, website_folder, failures);
     const bool first_follows = neighbours.next_becomes_first && !renumbered.moves.isEmpty();
     const QString shown = !neighbours.previous.isEmpty() ? neighbours.previous : first_follows ? page : kHomePage;
-    return {true, shown, QStringList({renumbered.error, undone}).join(u'\n').trimmed()};
+    return {true, shown, QStringList({renumbered.error, undone}).join(u'\n').trimmed(), renumbered.moves};
 }
 
 }  // namespace pondera

@@ -30,7 +30,8 @@ void Gestione_Agg_Pag(Workbench& workbench) {
     const auto added = add_following_page(workbench.roots(), workbench.website_folder(), current);
     if (!added) return prompts.tell(added.error(), MessageIcon::kCritical);
     workbench.refresh_tree();
-    workbench.load(*added);
+    workbench.load(added->page);
+    if (!added->message.isEmpty()) prompts.tell(added->message);
 }
 
 /// Reads the name of the current document.

@@ -18,8 +18,8 @@ constexpr PageKind kKind = PageKind::kSubject;
 std::optional<QString> refusal_of_new_name(const Workbench& workbench, const QString& typed) {
     const QString folder = workbench.website_folder();
     if (auto refusal = refusal_of_page_name(typed, workbench.website(), list_pages(folder))) return refusal;
-    const QString used = refusal_of_used_name(folder, kKind, typed_page_name(typed));
-    return used.isEmpty() ? std::nullopt : std::optional(used);
+    if (refusal_of_used_name(folder, kKind, typed_page_name(typed)).isEmpty()) return std::nullopt;
+    return page_creation_message({FaultNumber::kAlreadyExists, {}, {}});
 }
 
 }  // namespace
