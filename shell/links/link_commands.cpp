@@ -115,12 +115,12 @@ void name_place(Workbench& workbench) {
     if (accepted) editor.set_place_name(form.removes() ? QString() : form.name().trimmed());
 }
 
+}  // namespace
+
 const Help& link_help() {
     static const Help kHelp{u"/_HELP/_6_Link Crea.htm"_s, u"Help - Link"_s};
     return kHelp;
 }
-
-}  // namespace
 
 void link_selection_to(Workbench& workbench, const QString& page) {
     if (is_editing(workbench) && may_link(workbench, workbench.editor().selection()))

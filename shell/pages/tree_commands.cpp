@@ -6,6 +6,7 @@
 #include <array>
 
 #include "shell/command_actions.h"
+#include "shell/links/link_commands.h"
 #include "shell/pages/add_page.h"
 #include "shell/pages/delete_page.h"
 #include "shell/pages/new_page.h"
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum class For { kPages, kPagesButHome, kGroups };
+enum class Needs { kNothing, kSelection };
 
 /// A command on a page of the tree; on a group the page is empty.
 struct TreeCommand {
@@ -30,6 +32,7 @@ struct TreeCommand {
     For items;
     const Help& (*help)();
     void (*run)(Workbench& workbench, const QString& page);
+    Needs needs = Needs::kNothing;
 };
 
 /// Opens the page and runs a command of the page under edit.
@@ -49,8 +52,21 @@ constexpr std::array kCommands{
                 open_and<mnu_rinomina_pagina>},
     TreeCommand{"mnu_treedelete"_L1, "&Delete Page...\tDel"_L1, "delete-page"_L1, For::kPagesButHome, delete_page_help,
                 mnu_treedelete},
+    TreeCommand{"mnu_treelink"_L1, "&Link Here"_L1, "link"_L1, For::kPages, link_help, link_selection_to,
+                Needs::kSelection},
     TreeCommand{"mnu_pag_new"_L1, "&New Page..."_L1, "page"_L1, For::kGroups, new_page_help, without_page<new_page>},
 };
+
+/// True when the page under edit has something that can be made a link, or the caret in one.
+bool has_selection(Workbench& workbench) {
+    const Selection selection = workbench.editor().selection();
+    return selection.type != SelectionType::kNone || !selection.link_href.isEmpty();
+}
+
+bool is_enabled(const TreeCommand& command, Workbench& workbench, const QString& page) {
+    if (workbench.browsing() || (is_home_page(page) && command.items == For::kPagesButHome)) return false;
+    return command.needs == Needs::kNothing || has_selection(workbench);
+}
 
 }  // namespace
 
@@ -76,7 +92,7 @@ void TreeCommands::show_menu(const QString& page, const QPoint& position) {
         QAction* action = menu->addAction(icon_named(command.icon), command.caption, this,
                                           [this, name = command.name, page] { run(name, page); });
         action->setObjectName(command.name);
-        action->setEnabled(!workbench_.browsing() && !(is_home_page(page) && command.items == For::kPagesButHome));
+        action->setEnabled(is_enabled(command, workbench_, page));
     }
     menu->popup(position);
 }

@@ -63,22 +63,27 @@ class PageCommands : public WindowFixture {
         return target(u"FRECCIAxSINISTRA"_s) + u' ' + target(u"FRECCIAxDEX"_s);
     }
 
+    SiteTree& tree() { return find<SiteTree>(u"TreeView1"_s); }
+    QTreeWidgetItem* in_tree(const QString& text) {
+        return tree().findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    }
+
+    void press_in_tree(const QString& text, Qt::Key key) {
+        tree().setCurrentItem(in_tree(text));
+        QTest::keyClick(&tree(), key);
+    }
+
     /// The commands of the tree's menu at an item, a disabled one in brackets.
-    QString tree_menu(const QPoint& position) {
-        auto& tree = find<SiteTree>(u"TreeView1"_s);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, position, tree.viewport()->mapToGlobal(position));
-        QCoreApplication::sendEvent(tree.viewport(), &event);
-        auto& menu = find<QMenu>(u"tree_menu"_s);
+    QString tree_menu(const QString& text) {
+        delete window_->findChild<QMenu*>(u"tree_menu"_s);
+        const QPoint position = tree().visualItemRect(in_tree(text)).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, tree().viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(tree().viewport(), &event);
         QStringList names;
-        for (const QAction* action : menu.actions())
+        for (const QAction* action : find<QMenu>(u"tree_menu"_s).actions())
             if (!action->isSeparator())
                 names += action->isEnabled() ? action->objectName() : u"(%1)"_s.arg(action->objectName());
         return names.join(u' ');
-    }
-
-    QPoint place_in_tree(const QString& text) {
-        auto& tree = find<SiteTree>(u"TreeView1"_s);
-        return tree.visualItemRect(tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0)).center();
     }
 };
 
@@ -112,7 +117,7 @@ TEST_F(PageCommands, ANewPageIsMadeNamedAndOpened) {
     EXPECT_TRUE(club(u"index.htm"_s).contains(u"unsaved"_s));
     EXPECT_TRUE(club(u"_4_Harbour.htm"_s).contains(u"<TITLE>Harbour</TITLE>"_s));
     EXPECT_FALSE(workbench().editor().modified());
-    EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), u"_4_Harbour.htm");
+    EXPECT_EQ(SiteTree::page_of(*tree().currentItem()), u"_4_Harbour.htm");
 }
 
 TEST_F(PageCommands, AddedPagesFollowEachOtherByArrows) {
@@ -158,7 +163,7 @@ TEST_F(PageCommands, RenamingTakesLinksAndGroupAlong) {
     EXPECT_TRUE(club(u"§_4_Boats.htm"_s).contains(u"\"_4_TripsAndMore.htm#top\">t</A> <A href=\"_4_Tripsters.htm\""_s));
     EXPECT_TRUE(club(u"_4_TripsAndMore_page3_.htm"_s).contains(u"unsaved"_s));
     EXPECT_FALSE(workbench().editor().modified());
-    EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), page());
+    EXPECT_EQ(SiteTree::page_of(*tree().currentItem()), page());
 }
 
 TEST_F(PageCommands, RenamingIsRefusedOrDoesNothing) {
@@ -210,15 +215,26 @@ TEST_F(PageCommands, TheOpenPageGoesWithItsChangesAndAnotherIsShown) {
     change_page();
     prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard);
     EXPECT_TRUE(workbench().load(u"_4_Boats.htm"_s)) << "what was given up was that page's alone";
+
+    // The page that follows takes the name of the first one of its group.
+    add_page();
+    change_page(u"of the follower"_s);
+    EXPECT_TRUE(workbench().save());
+    load(u"_4_Boats.htm"_s);
+    prompts_.expect_message(kSure)
+        .expect_message(kNoWayBack)
+        .expect_message(kMedia, Answer::kYes)
+        .expect_form(u"Frm_Cancella_Imm"_s, kCancelled);
+    press_in_tree(u"Boats"_s, Qt::Key_Delete);
+    EXPECT_EQ(pages() + u' ' + page(), u"index.htm _4_Boats.htm _4_Prices.htm _4_Boats.htm");
+    EXPECT_TRUE(workbench().editor().text().contains(u"of the follower"_s));
 }
 
 TEST_F(PageCommands, TheOpenPageFollowsItsGroupWhenAnotherOfItIsDeleted) {
     have_group();
     change_page(u"of the last page"_s);
     prompts_.expect_message(kSure).expect_message(kNoWayBack).expect_message(kMedia, Answer::kNo);
-    auto& tree = find<SiteTree>(u"TreeView1"_s);
-    tree.setCurrentItem(tree.findItems(u"page 1"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
-    QTest::keyClick(&tree, Qt::Key_Delete);
+    press_in_tree(u"page 1"_s, Qt::Key_Delete);
     EXPECT_EQ(page(), u"_4_Trips_page2_.htm");
     EXPECT_TRUE(workbench().editor().text().contains(u"of the last page"_s));
     EXPECT_EQ(arrows(u"_4_Trips.htm"_s), u"- _4_Trips_page1_.htm");
@@ -227,36 +243,31 @@ TEST_F(PageCommands, TheOpenPageFollowsItsGroupWhenAnotherOfItIsDeleted) {
     // The neighbour that is open gets its new arrows into the editor.
     load(u"_4_Trips.htm"_s);
     prompts_.expect_message(kSure).expect_message(kNoWayBack).expect_message(kMedia, Answer::kNo);
-    tree.setCurrentItem(tree.findItems(u"page 1"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
-    QTest::keyClick(&tree, Qt::Key_Delete);
+    press_in_tree(u"page 1"_s, Qt::Key_Delete);
     EXPECT_EQ(arrows(u"_4_Trips.htm"_s), u"- _4_Trips_page1_.htm");
     EXPECT_EQ(pages(), u"index.htm _4_Boats.htm _4_Prices.htm _4_Trips.htm _4_Trips_page1_.htm");
     EXPECT_FALSE(workbench().editor().changed_on_disk());
 }
 
-TEST_F(PageCommands, TheTreeOffersWhatFitsAndOpensThePageFirst) {
-    EXPECT_EQ(tree_menu(place_in_tree(u"Trips"_s)), u"tree_open Add_Pag mnu_rinomina_pagina mnu_treedelete");
-    find<QMenu>(u"tree_menu"_s).close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(tree_menu(place_in_tree(u"HOME PAGE"_s)), u"tree_open Add_Pag (mnu_rinomina_pagina) (mnu_treedelete)");
-    find<QMenu>(u"tree_menu"_s).close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(tree_menu(place_in_tree(u"Pages"_s)), u"mnu_pag_new");
-    find<QMenu>(u"tree_menu"_s).close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+TEST_F(PageCommands, TheTreeOffersWhatFits) {
+    EXPECT_EQ(tree_menu(u"HOME PAGE"_s), u"tree_open Add_Pag (mnu_rinomina_pagina) (mnu_treedelete) (mnu_treelink)");
+    EXPECT_EQ(tree_menu(u"Pages"_s), u"mnu_pag_new");
+    workbench().editor().execute(EditCommand::kSelectAll);
+    EXPECT_EQ(tree_menu(u"Trips"_s), u"tree_open Add_Pag mnu_rinomina_pagina mnu_treedelete mnu_treelink");
+    find<QAction>(u"mnu_treelink"_s).trigger();
+    EXPECT_TRUE(workbench().editor().text().contains(u"href=\"_4_Trips.htm\""_s));
 
-    change_page();
-    tree_menu(place_in_tree(u"Trips"_s));
     prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard).expect_message(kAdd, Answer::kYes);
+    tree_menu(u"Boats"_s);
     find<QMenu>(u"tree_menu"_s).findChild<QAction*>(u"Add_Pag"_s)->trigger();
-    EXPECT_EQ(page(), u"_4_Trips_page1_.htm");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(page(), u"_4_Boats_page1_.htm") << "a page is opened before it gets a follower";
 
-    auto& tree = find<SiteTree>(u"TreeView1"_s);
-    tree.setCurrentItem(tree.findItems(u"Boats"_s, Qt::MatchExactly | Qt::MatchRecursive).value(0));
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"Ships"_s}));
-    QTest::keyClick(&tree, Qt::Key_F2);
-    EXPECT_EQ(page(), u"_4_Ships.htm");
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"Fares"_s}));
+    press_in_tree(u"Prices"_s, Qt::Key_F2);
+    EXPECT_EQ(page(), u"_4_Fares.htm");
+    window_->workbench().set_browsing(true);
+    EXPECT_EQ(tree_menu(u"Trips"_s), u"tree_open (Add_Pag) (mnu_rinomina_pagina) (mnu_treedelete) (mnu_treelink)");
+    press_in_tree(u"Trips"_s, Qt::Key_Delete);
 }
 
 }  // namespace
