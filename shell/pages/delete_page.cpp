@@ -14,13 +14,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool confirmed(Workbench& workbench, const QString& question, MessageIcon icon) {
-    return workbench.prompts().message({question, icon, {Answer::kOk, Answer::kCancel}, u"Delete Page"_s}) ==
-           Answer::kOk;
+bool confirmed(Workbench& workbench, const QString& question, const QList<Answer>& answers) {
+    return workbench.prompts().message({question, MessageIcon::kQuestion, answers, u"Delete Page"_s}) == Answer::kOk;
 }
 
 bool wants_to_delete(Workbench& workbench) {
-    return confirmed(workbench, u"Are you sure you want to delete a page ?"_s, MessageIcon::kQuestion);
+    return confirmed(workbench, u"Are you sure you want to delete a page ?"_s, {Answer::kOk, Answer::kCancel});
+}
+
+/// Enter alone deletes nothing.
+bool really_wants_to_delete(Workbench& workbench) {
+    return confirmed(workbench,
+                     u"The deletion is not reversible.\nPossible link to the page will not be checked.\n"
+                     "Do you want to continue?"_s,
+                     {Answer::kCancel, Answer::kOk});
 }
 
 /// Brings the editor in step with the files: the open page may be gone, have another name, or have other arrows now.
@@ -57,10 +64,7 @@ void delete_confirmed_page(Workbench& workbench, const QString& page) {
 
 void delete_chosen_page(Workbench& workbench, const QString& page) {
     if (is_home_page(page)) return workbench.prompts().tell(u"You cannot delete the file index.htm"_s);
-    const QString warning =
-        u"The deletion is not reversible.\nPossible link to the page will not be checked.\n"
-        "Do you want to continue?"_s;
-    if (confirmed(workbench, warning, MessageIcon::kExclamation)) delete_confirmed_page(workbench, page);
+    if (really_wants_to_delete(workbench)) delete_confirmed_page(workbench, page);
 }
 
 }  // namespace
