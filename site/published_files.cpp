@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "site/page_name.h"
 #include "site/folder_files.h"
+#include "site/page_name.h"
 #include "site/website_listing.h"
 
 namespace pondera {

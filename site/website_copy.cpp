@@ -6,12 +6,12 @@
 
 #include "base/roots.h"
 #include "base/text_file.h"
+#include "site/folder_files.h"
 #include "site/interface_models.h"
 #include "site/media_files.h"
 #include "site/page_name.h"
 #include "site/staged_website.h"
 #include "site/website_creation.h"
-#include "site/folder_files.h"
 #include "site/website_listing.h"
 
 namespace pondera {

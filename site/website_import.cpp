@@ -3,11 +3,11 @@
 #include <QDir>
 
 #include "base/roots.h"
+#include "site/folder_files.h"
 #include "site/name_rules.h"
 #include "site/page_name.h"
 #include "site/staged_website.h"
 #include "site/website_creation.h"
-#include "site/folder_files.h"
 #include "site/website_listing.h"
 
 namespace pondera {
