@@ -55,7 +55,7 @@ frm_ancora::frm_ancora(Workbench& workbench, const QString& name_now)
     remove->setAutoDefault(false);
     connect(remove, &QPushButton::clicked, this, [this] {
         removes_ = true;
-        QDialog::accept();
+        done(Accepted);
     });
 }
 

@@ -20,6 +20,7 @@ namespace {
 
 const QString kDocumentFolderSetting = u"Document Folder"_s;
 constexpr qsizetype kLongestWords = 60;
+constexpr qsizetype kIndent = 4;  // blanks before a heading, for each level above its own
 
 QLabel* note(const QString& text) {
     auto* label = new QLabel(text);
@@ -161,7 +162,7 @@ QWidget* frm_collegamento::place_card() {
     no_icon.fill(Qt::transparent);
     for (const PagePlace& place : workbench_.editor().places()) {
         const bool is_heading = place.heading > 0;
-        const QString text = is_heading ? QString((place.heading - 1) * 4, QChar::Nbsp) + place.text
+        const QString text = is_heading ? QString((place.heading - 1) * kIndent, QChar::Nbsp) + place.text
                                         : u"%1  ;  [%2]"_s.arg(place.name, place.text);
         auto* item = new QListWidgetItem(is_heading ? QIcon(no_icon) : icon_named(u"anchor"_s), text, places_);
         item->setData(Qt::UserRole, place.name);
