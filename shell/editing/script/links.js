@@ -6,7 +6,7 @@ pondera.links = (() => {
     const kFormatting = "b, strong, i, em, u, s, strike, sub, sup, font, span, big, small, a";
 
     const selection = pondera.selection;
-    const { kPlaces, nameOf, placeNamed } = pondera.places;
+    const { kPlaces, nameOf, placeNamed, changed, dissolve } = pondera.places;
     const isBlock = element => element === document.body || !/^(inline|contents|ruby)/.test(getComputedStyle(element).display);
     const isEmpty = element => !element.textContent && !element.querySelector("img, br, input, embed, object, video, iframe");
     const unwrap = element => element.replaceWith(...element.childNodes);
@@ -91,13 +91,23 @@ pondera.links = (() => {
         for (const name of ["id", "name"]) tail.firstElementChild?.removeAttribute(name);
         const after = tail.firstElementChild;
         outer.after(link, tail);
-        for (const part of [outer, after]) if (part && isEmpty(part) && !nameOf(part)) part.remove();
+        for (const part of [outer, after]) if (part && isLeftOver(part)) part.remove();
     }
 
+    const isLeftOver = node => (node.nodeType === Node.TEXT_NODE ? !node.data
+        : node.nodeType === Node.ELEMENT_NODE && node.matches(kFormatting) && isEmpty(node) && !nameOf(node) && !node.querySelector(kPlaces));
+
+    // What taking words out leaves beside them.
     function dropEmptyBeside(link) {
-        for (const beside of [link.previousSibling, link.nextSibling]) {
-            if (!beside) continue;
-            if (beside.nodeType === Node.TEXT_NODE ? !beside.data : beside.matches?.(kFormatting) && isEmpty(beside) && !nameOf(beside)) beside.remove();
+        for (const side of ["previousSibling", "nextSibling"]) while (link[side] && isLeftOver(link[side])) link[side].remove();
+    }
+
+    // Links that have lost their words go; of one that is a named place as well, the place stays.
+    function dropEmptyLinks(block) {
+        for (const link of block.querySelectorAll("a[href]")) {
+            if (!isEmpty(link)) continue;
+            if (link.matches(kPlaces)) placeBefore(link, nameOf(link));
+            link.remove();
         }
     }
 
@@ -109,6 +119,7 @@ pondera.links = (() => {
         liftOut(link);
         dropInnerLinks(link);
         dropEmptyBeside(link);
+        dropEmptyLinks(blockOf(link));
         setAddress(link, address);
         return link;
     }
@@ -167,12 +178,10 @@ pondera.links = (() => {
 
     // Takes links away, whole; a link that is a named place as well stays as that.
     function remove() {
-        const kept = selection.keep();
         for (const link of selected()) {
-            if (!link.matches(kPlaces)) unwrap(link);
-            else for (const name of ["href", "target"]) link.removeAttribute(name);
+            if (!link.matches(kPlaces)) dissolve(link);
+            else changed(link, place => ["href", "target"].forEach(name => place.removeAttribute(name)));
         }
-        selection.restore(kept);
     }
 
     return { set, remove, selected, runsOf, rangeOf, blockOf, dropEmptyBeside };

@@ -98,17 +98,44 @@ pondera.places = (() => {
         return address === name || address === addressOf(name);
     }
 
+    // Puts `now` in the place of an element, with all that is in it; the selection stays.
+    function exchange(element, now) {
+        const kept = selection.keep();
+        now.append(...element.childNodes);
+        const [first, last] = [now.firstChild, now.lastChild];
+        element.replaceWith(now);
+        for (const [node, offset] of [["anchor", "anchorOffset"], ["focus", "focusOffset"]]) {
+            if (kept[node] !== element) continue;
+            const inside = kept[offset] ? last : first;
+            if (inside) [kept[node], kept[offset]] = [inside, kept[offset] ? lengthOf(inside) : 0];
+        }
+        selection.restore(kept);
+    }
+
+    // Changes attributes of an element by way of a copy: undo brings an attribute that was taken away back where it was only with its element.
+    function changed(element, change) {
+        const copy = element.cloneNode(false);
+        change(copy);
+        exchange(element, copy);
+    }
+
+    const dissolve = element => exchange(element, document.createDocumentFragment());
+    const lengthOf = node => (node.nodeType === Node.TEXT_NODE ? node.data.length : node.childNodes.length);
+
     function renamePlace(place, name) {
         const old = nameOf(place);
         for (const link of document.querySelectorAll('a[href^="#"]')) {
             if (name && leadsTo(link, old)) link.setAttribute("href", "#" + addressOf(name));
         }
-        place.removeAttribute("name");
-        if (name) place.id = name;
-        else place.removeAttribute("id");
-        const kept = selection.keep();
-        if (!name && place.localName === "a" && !place.hasAttribute("href")) place.replaceWith(...place.childNodes);
-        selection.restore(kept);
+        if (!name && place.localName === "a" && !place.hasAttribute("href")) {
+            dissolve(place);
+            return;
+        }
+        changed(place, copy => {
+            copy.removeAttribute("name");
+            if (name) copy.id = name;
+            else copy.removeAttribute("id");
+        });
     }
 
     // Names the place here, or gives the one that is here another name; without a name it is none any more.
@@ -148,5 +175,5 @@ pondera.places = (() => {
         if (range && lost.length) getSelection().collapse(range.startContainer, range.startOffset);
     }
 
-    return { dropTakenNames, beforeDeleting, afterDeleting, kPlaces, marks, nameOf, placeNamed, places, linkTo, setPlace, placeName: () => nameOf(placeHere() || document.body) };
+    return { changed, dissolve, dropTakenNames, beforeDeleting, afterDeleting, kPlaces, marks, nameOf, placeNamed, places, linkTo, setPlace, placeName: () => nameOf(placeHere() || document.body) };
 })();

@@ -71,6 +71,7 @@ TEST_F(Links, ALinkKeepsThePageWhole) {
          u"href=\"o\"><B>a</B></A><X><B>b</B></A></P><P><X>c</A>d</P>",
          u"<p><a href=o>o|ne</a> two</p> → <P><X>one</A> two</P>",
          u"<p><a name=here>o[ne] two</a></p> → <P><A name=here></A>o<X>ne</A> two</P>",
+         u"<p><a href=o id=k>[one</a> two]</p> → <P><A id=k></A><X>one two</A></P>",
          u"<p>[one <a id=here></a>two]</p> → <P><A id=here></A><X>one two</A></P>",
          u"<p>[one <img src=a.png>]</p> → <P><X>one <IMG src=\"a.png\" border=0></A></P>",
          u"<p>[one</p><div style=\"position:fixed\">box</div><p>two]</p> → <P><X>one</A></P><DIV style=\"POSITION: "
@@ -83,7 +84,7 @@ TEST_F(Links, RemoveLinkTakesWholeLinksAndLeavesTheirPlaces) {
         [this](const QString& page) { return after(page, EditCommand::kUnlink); },
         {u"<p>a <a href=o>o|ne <b>two</b></a></p> → <P>a one <B>two</B></P>",
          u"<p><a href=o>o[ne</a> and <a href=y>tw]o</a> <a href=x.htm>three</a></p> → <P>one and two <X>three</A></P>",
-         u"<p><a id=top href=o>o|ne</a></p> → <P><A id=top>one</A></P>"});
+         u"<p><a href=o id=top class=c>o|ne</a></p> → <P><A id=top class=c>one</A></P>"});
     load_selected(u"<p>a <a name=x>o|ne</a></p>"_s);
     EXPECT_EQ(editor_.status(EditCommand::kUnlink), CommandStatus::kDisabled) << "a place is no link";
     EXPECT_EQ(editor_.status(EditCommand::kHyperlink), CommandStatus::kDisabled);
