@@ -19,6 +19,13 @@ bool ends_value(QChar c) {
     return c.isSpace() || c == u'>' || c == u'<';
 }
 
+QString upper_case(QStringView name) {
+    QString upper = name.toString();
+    for (QChar& c : upper)
+        if (c >= u'a' && c <= u'z') c = QChar(c.unicode() - (u'a' - u'A'));
+    return upper;
+}
+
 /// The place of the first character at or behind `from` for which `ends` holds; the text's end when there is none.
 qsizetype find_end(QStringView text, qsizetype from, bool (*ends)(QChar)) {
     return std::find_if(text.begin() + from, text.end(), ends) - text.begin();
@@ -26,11 +33,7 @@ qsizetype find_end(QStringView text, qsizetype from, bool (*ends)(QChar)) {
 
 }  // namespace
 
-AttributeScan::AttributeScan(QStringView text, qsizetype position)
-    : text_(text),
-      position_(position),
-      last_double_quote_(text.lastIndexOf(u'"')),
-      last_single_quote_(text.lastIndexOf(u'\'')) {
+AttributeScan::AttributeScan(QStringView text, qsizetype position) : text_(text), position_(position) {
 }
 
 std::optional<AttributePlace> AttributeScan::next() {
@@ -65,10 +68,11 @@ void AttributeScan::skip_blanks() {
     while (position_ < text_.size() && text_[position_].isSpace()) ++position_;
 }
 
-bool AttributeScan::opens_value() const {
-    if (at_tag_end()) return false;
-    return (text_[position_] == u'"' && position_ < last_double_quote_) ||
-           (text_[position_] == u'\'' && position_ < last_single_quote_);
+bool AttributeScan::opens_value() {
+    if (at_tag_end() || (text_[position_] != u'"' && text_[position_] != u'\'')) return false;
+    qsizetype& last = text_[position_] == u'"' ? last_double_quote_ : last_single_quote_;
+    if (last == kNotSought) last = text_.lastIndexOf(text_[position_]);
+    return position_ < last;
 }
 
 std::optional<TagPlace> TagWalk::next() {
@@ -85,10 +89,8 @@ std::optional<TagPlace> TagWalk::next() {
             continue;
         }
         const qsizetype name_end = tag_name_end(here);
-        TagPlace tag{.begin = position_, .name = here.first(name_end).sliced(1).toString().toUpper()};
-        attributes_.move_to(position_ + name_end);
-        while (attributes_.next()) continue;
-        tag.end = attributes_.position();
+        TagPlace tag{.begin = position_, .name = upper_case(here.first(name_end).sliced(1))};
+        tag.end = tag_end(position_ + name_end);
         tag.closed = tag.end < text_.size() && text_[tag.end] == u'>';
         if (tag.closed) ++tag.end;
         position_ = tag.end;
@@ -97,6 +99,16 @@ std::optional<TagPlace> TagWalk::next() {
     }
     position_ = text_.size();
     return std::nullopt;
+}
+
+/// Where the tag ends whose name ends at `name_end`: at the first ">" or "<", unless a quote stands before it.
+qsizetype TagWalk::tag_end(qsizetype name_end) {
+    const qsizetype end =
+        find_end(text_, name_end, [](QChar c) { return c == u'>' || c == u'<' || c == u'"' || c == u'\''; });
+    if (end == text_.size() || text_[end] == u'>' || text_[end] == u'<') return end;
+    attributes_.move_to(name_end);
+    while (attributes_.next()) continue;
+    return attributes_.position();
 }
 
 void TagWalk::skip_text_only(const QString& name) {

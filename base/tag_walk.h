@@ -34,12 +34,14 @@ class AttributeScan {
   private:
     [[nodiscard]] bool at_tag_end() const;
     void skip_blanks();
-    [[nodiscard]] bool opens_value() const;
+    [[nodiscard]] bool opens_value();
+
+    static constexpr qsizetype kNotSought = -2;
 
     QStringView text_;
     qsizetype position_;
-    qsizetype last_double_quote_;
-    qsizetype last_single_quote_;
+    qsizetype last_double_quote_ = kNotSought;
+    qsizetype last_single_quote_ = kNotSought;
 };
 
 /// A tag's place in a text: `begin` is its "<", `end` stands behind its ">" (or, for a tag that is never closed, where
@@ -63,6 +65,7 @@ class TagWalk {
     std::optional<TagPlace> next();
 
   private:
+    [[nodiscard]] qsizetype tag_end(qsizetype name_end);
     void skip_text_only(const QString& name);
 
     QStringView text_;

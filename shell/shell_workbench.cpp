@@ -4,6 +4,7 @@
 #include <QScopeGuard>
 #include <QSettings>
 
+#include "base/bulk_replacement.h"
 #include "shell/browser_version.h"
 #include "shell/frm_settings.h"
 #include "shell/shell_commands.h"
@@ -57,7 +58,9 @@ QString ShellWorkbench::website_folder() const {
 }
 
 bool ShellWorkbench::open_website(const QString& name) {
-    if (!may_leave_page() || !open_page_.NUOVA_VIDEATA(roots_.website(name), kHomePage)) return false;
+    if (!may_leave_page()) return false;
+    undo_interrupted_replacement(roots_.website(name));
+    if (!open_page_.NUOVA_VIDEATA(roots_.website(name), kHomePage)) return false;
     website_ = name;
     remember_website(settings_, name);
     emit websiteChanged();
