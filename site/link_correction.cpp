@@ -1,17 +1,18 @@
 #include "site/link_correction.h"
 
 #include <QDir>
-#include <QHash>
 #include <QSet>
 #include <QUrl>
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
+#include "base/bulk_replacement.h"
 #include "base/character_references.h"
-#include "base/files.h"
 #include "base/text_file.h"
 #include "site/interface_models.h"
+#include "site/moved_names.h"
 #include "site/page_name.h"
 #include "site/page_references.h"
 
@@ -55,75 +56,15 @@ std::pair<qsizetype, qsizetype> name_in_address(QStringView written) {
     return {begin + mark_length(written.sliced(begin)), at};
 }
 
-/// The longest piece of a name that any spelling of it leaves as it is: plain letters, digits and the like.
-QByteArray plain_run(const QString& name) {
-    QByteArray longest;
-    QByteArray run;
-    for (const QChar c : name + u' ') {
-        if (c.unicode() < 0x80 && (c.isLetterOrNumber() || QStringView(u"_-.").contains(c))) {
-            run += c.toLatin1();
-        } else {
-            if (run.size() > longest.size()) longest = run;
-            run.clear();
-        }
-    }
-    return longest;
-}
-
-/// The moves of a correction, by the names that links may have.
-class MovedPages {
-  public:
-    /// `taken` are names that differ from a moved one in case only and have files of their own.
-    MovedPages(const QList<PageMove>& moves, const QString& website, const QSet<QString>& taken = {})
-        : website_(website), taken_(taken) {
-        for (const PageMove& move : moves) {
-            if (move.from == move.to) continue;
-            exact_.insert(move.from, move.to);
-            any_case_.insert(move.from.toCaseFolded(), move.to);
-            runs_.insert(plain_run(move.from));
-        }
-    }
-
-    [[nodiscard]] bool are_none() const { return exact_.isEmpty(); }
-
-    /// The new name of the page that an address leads to, empty when that has not moved.
-    [[nodiscard]] QString new_name(const QString& address) const {
-        const AddressTarget target = resolve_address(address, website_);
-        if (target.place != AddressTarget::Place::kWebsite) return {};
-        if (const auto hit = exact_.constFind(target.file); hit != exact_.constEnd()) return *hit;
-        return taken_.contains(target.file) ? QString() : any_case_.value(target.file.toCaseFolded());
-    }
-
-    /// False for the bytes of a file that certainly holds none of the names, in no spelling.
-    [[nodiscard]] bool may_be_in(const QByteArray& bytes) const {
-        const bool wide = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-        if (wide || std::ranges::any_of(runs_, [&](const QByteArray& run) { return bytes.contains(run); })) return true;
-        const QByteArray lower = bytes.toLower();
-        return std::ranges::any_of(runs_, [&](const QByteArray& run) { return lower.contains(run.toLower()); });
-    }
-
-    /// False when the encoding lacks a character of one of the new names.
-    [[nodiscard]] bool fit(TextEncoding encoding) const {
-        return std::ranges::all_of(
-            exact_, [&](const QString& name) { return decode_text(encode_text(name, encoding)).text == name; });
-    }
-
-  private:
-    QString website_;
-    QSet<QString> taken_;
-    QHash<QString, QString> exact_;
-    QHash<QString, QString> any_case_;
-    QSet<QByteArray> runs_;
-};
-
 QString spelled(const QString& name, QStringView old_name, Spelling spelling) {
     if (spelling == Spelling::kPlainLetters) return QString::fromLatin1(QUrl::toPercentEncoding(name));
     const bool quotable = std::ranges::none_of(name, [](QChar c) { return QStringView(u"'\"\\").contains(c); });
     return spelling == Spelling::kAsWritten && !old_name.contains(u'%') && quotable ? name : address_of(name);
 }
 
-QString with_moved_references(const QString& text, const QList<PageReference>& references, const MovedPages& moved,
-                              Spelling spelling) {
+/// A text with the references to moved pages changed; nullopt when it holds none.
+std::optional<QString> with_moved_references(const QString& text, const QList<PageReference>& references,
+                                             const MovedNames& moved, Spelling spelling) {
     QString result;
     qsizetype copied = 0;
     for (const PageReference& reference : references) {
@@ -133,33 +74,36 @@ QString with_moved_references(const QString& text, const QList<PageReference>& r
         const auto [begin, end] = name_in_address(written);
         const QString old_name = resolve_character_references(written.first(end).sliced(begin));
         if (moved.new_name(old_name) != name) continue;
+        if (copied == 0) result.reserve(text.size() + text.size() / 16);
         result.append(QStringView(text).first(reference.begin + begin).sliced(copied));
         result.append(spelled(name, written.first(end).sliced(begin), spelling));
         copied = reference.begin + end;
     }
-    return copied == 0 ? text : result.append(QStringView(text).sliced(copied));
+    if (copied == 0) return std::nullopt;
+    return result.append(QStringView(text).sliced(copied));
 }
 
 enum class FileKind { kPage, kSettings };
 
-QString corrected(const TextFile& file, FileKind kind, const MovedPages& moved) {
+std::optional<QString> corrected(const TextFile& file, FileKind kind, const MovedNames& moved) {
     const bool fits = moved.fit(file.encoding);
     if (kind == FileKind::kPage)
-        return with_moved_references(file.text, page_references(file.text), moved,
+        return with_moved_references(file.text, page_references_at(file.text, moved.places_in(file.text)), moved,
                                      fits ? Spelling::kAddress : Spelling::kPlainLetters);
     return with_moved_references(file.text, script_references(file.text), moved,
                                  fits ? Spelling::kAsWritten : Spelling::kPlainLetters);
 }
 
 /// Corrects one file; true when it was changed.
-FileResult<bool> correct_file(const QString& path, FileKind kind, const MovedPages& moved) {
+FileResult<bool> correct_file(BulkReplacement& replacement, const QString& path, FileKind kind,
+                              const MovedNames& moved) {
     const auto bytes = read_file(path);
     if (!bytes) return std::unexpected(bytes.error());
     if (!moved.may_be_in(*bytes)) return false;
     const TextFile file = decode_text(*bytes);
-    const QString text = corrected(file, kind, moved);
-    if (text == file.text) return false;
-    if (auto replaced = replace_file(path, encode_text(text, file.encoding)); !replaced)
+    const auto text = corrected(file, kind, moved);
+    if (!text) return false;
+    if (auto replaced = replacement.replace(path, *bytes, encode_text(*text, file.encoding)); !replaced)
         return std::unexpected(replaced.error());
     return true;
 }
@@ -204,20 +148,24 @@ QSet<QString> names_beside(const QList<PageMove>& moves, const QStringList& file
 }  // namespace
 
 QString with_corrected_links(const QString& page_text, const QList<PageMove>& moves, const QString& website) {
-    return with_moved_references(page_text, page_references(page_text), MovedPages(moves, website), Spelling::kAddress);
+    const MovedNames moved(moves, website);
+    return with_moved_references(page_text, page_references_at(page_text, moved.places_in(page_text)), moved,
+                                 Spelling::kAddress)
+        .value_or(page_text);
 }
 
 /// Corrects the links to pages that were moved.
 CorrectedLinks Correzione_Links(const QString& website_folder, const QList<PageMove>& moves, const Steps& steps) {
     const QDir website(website_folder);
     const QStringList names = website.entryList(QDir::Files, QDir::Unsorted);
-    const MovedPages moved(moves, website.dirName(), names_beside(moves, names));
+    const MovedNames moved(moves, website.dirName(), names_beside(moves, names));
     CorrectedLinks result;
     if (moved.are_none()) return result;
     const QList<LinkFile> files = files_with_links(website, names);
     const auto total = static_cast<int>(files.size());
+    BulkReplacement replacement(website_folder);
     for (int done = 0; done < total; ++done) {
-        const auto changed = correct_file(files[done].path, files[done].kind, moved);
+        const auto changed = correct_file(replacement, files[done].path, files[done].kind, moved);
         if (!changed) result.failures += changed.error();
         result.files += changed.value_or(false) ? 1 : 0;
         if (total < 100 || (done + 1) * 100LL / total != done * 100LL / total) (void)go_on(steps, done + 1, total);

@@ -23,8 +23,9 @@ struct CorrectedLinks {
 
 /// Corrects the links to moved pages in all of a Website: in its pages and editing copies (not in its card templates),
 /// and in the scripts and settings files of "media/img" (menus and the like). Each file is replaced as a whole or not
-/// at all, and keeps its encoding and permissions. A link that differs from a moved name in case only is corrected too,
-/// unless a file has exactly its name. The work is not stopped half-way, whatever `steps` answers.
+/// at all (see BulkReplacement), and keeps its encoding and permissions. A link that differs from a moved name in case
+/// only is corrected too, unless a file has exactly its name. The work is not stopped half-way, whatever `steps`
+/// answers.
 [[nodiscard]] CorrectedLinks Correzione_Links(const QString& website_folder, const QList<PageMove>& moves,
                                               const Steps& steps = {});
 

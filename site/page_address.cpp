@@ -56,10 +56,12 @@ QString decoded(QStringView text) {
     for (qsizetype at = 0; at < text.size();) {
         QByteArray bytes;
         for (auto byte = encoded_byte(text, at); byte; byte = encoded_byte(text, at += 3)) bytes += *byte;
-        if (!bytes.isEmpty())
-            result += decode_text(bytes).text;
-        else
+        const bool ascii =
+            std::ranges::all_of(bytes, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+        if (bytes.isEmpty())
             result += text[at++];
+        else
+            result += ascii ? QString::fromLatin1(bytes) : decode_text(bytes).text;
     }
     return result;
 }

@@ -47,23 +47,37 @@ bool is(QStringView text, QStringView name) {
 
 class ReferenceWalk {
   public:
-    explicit ReferenceWalk(QStringView text) : text_(text), attributes_(text) {}
+    /// Looks only where one of `places` is; everywhere without them.
+    explicit ReferenceWalk(QStringView text, const QList<qsizetype>* places = nullptr)
+        : text_(text), attributes_(text), places_(places) {}
 
     QList<PageReference> run() {
         TagWalk walk(text_);
         TagPlace last;
-        while (const auto tag = walk.next()) {
-            take_inside(last, tag->begin);
-            take_attributes(*tag);
-            last = *tag;
+        while (!is_done()) {
+            auto tag = walk.next();
+            take_inside(last, tag ? tag->begin : text_.size());
+            if (!tag) break;
+            if (is_sought(tag->begin, tag->end)) take_attributes(*tag);
+            last = *std::move(tag);
         }
-        take_inside(last, text_.size());
         return std::move(references_);
     }
 
   private:
+    /// True when the walk is past the last place.
+    [[nodiscard]] bool is_done() const { return places_ && next_place_ == places_->size(); }
+
+    /// True when one of the places lies between; asked from the beginning of the text to its end.
+    bool is_sought(qsizetype begin, qsizetype end) {
+        if (!places_) return true;
+        while (!is_done() && places_->at(next_place_) < begin) ++next_place_;
+        return !is_done() && places_->at(next_place_) < end;
+    }
+
     /// Takes what stands between a tag that holds only text and the one that ends it.
     void take_inside(const TagPlace& tag, qsizetype end) {
+        if (!is_sought(tag.end, end)) return;
         if (tag.name == u"SCRIPT") take_script(tag.end, end, ScriptPlace::kScript);
         if (tag.name == u"STYLE") take_style(tag.end, end);
     }
@@ -211,6 +225,8 @@ class ReferenceWalk {
 
     QStringView text_;
     AttributeScan attributes_;
+    const QList<qsizetype>* places_;
+    qsizetype next_place_ = 0;
     QList<PageReference> references_;
 };
 
@@ -218,6 +234,10 @@ class ReferenceWalk {
 
 QList<PageReference> page_references(const QString& text) {
     return ReferenceWalk(text).run();
+}
+
+QList<PageReference> page_references_at(const QString& text, const QList<qsizetype>& places) {
+    return ReferenceWalk(text, &places).run();
 }
 
 QList<PageReference> script_references(const QString& text) {
