@@ -98,7 +98,7 @@ std::optional<QString> ExternalFiles::bring(const QString& address, ReferenceKin
     if (!file) return std::nullopt;
     const QString path = file->isEmpty() ? QString() : brought(*file, kind);
     if (!path.isEmpty()) return path;
-    if (!left_out_.contains(address)) left_out_ += address;
+    left_out_ += address;
     return std::nullopt;
 }
 
@@ -152,7 +152,14 @@ QString ExternalFiles::bring_as(const QString& file, const QString& name) {
     return bring_file_into_website(path, website_folder_, folder_for(name)).value_or(QString());
 }
 
+QStringList ExternalFiles::left_out() const {
+    QStringList addresses = left_out_;
+    addresses.removeDuplicates();
+    return addresses;
+}
+
 QString ExternalFiles::bring_text(const QByteArray& text, const QString& name) {
+    if (++texts_ > kMostFiles) return {};
     const QString file = renamed_.filePath(name);
     if (!write_file(file, text)) return {};
     return bring_file_into_website(file, website_folder_, kPictureFolder).value_or(QString());

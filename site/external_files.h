@@ -29,7 +29,7 @@ namespace pondera {
 
 /// Brings the files that a web page from outside shows into a Website: pictures, style sheets with what they show,
 /// scripts, fonts, films and sounds. Only files with an ending of such kinds come in, so that none of them is ever run
-/// by a server; what a browser saved without one gets it.
+/// by a server; what a browser saved without one gets it. A page brings 500 files at most.
 class ExternalFiles {
   public:
     ExternalFiles(const ExternalFolder& folder, QString website_folder);
@@ -44,7 +44,7 @@ class ExternalFiles {
     [[nodiscard]] QString bring_text(const QByteArray& text, const QString& name);
 
     /// The addresses of what could not be brought, each once.
-    [[nodiscard]] const QStringList& left_out() const { return left_out_; }
+    [[nodiscard]] QStringList left_out() const;
 
   private:
     QString brought(const QString& file, ReferenceKind kind);
@@ -57,6 +57,7 @@ class ExternalFiles {
     QTemporaryDir renamed_;  // files under the names that they get
     QHash<QString, QString> brought_;
     QStringList left_out_;
+    qsizetype texts_ = 0;
 };
 
 }  // namespace pondera

@@ -62,13 +62,22 @@ QString ExternalFolder::real_spelling(const QString& relative) const {
     if (QFileInfo::exists(folder_.filePath(relative))) return relative;
     QString real;
     for (const QString& step : relative.split(u'/')) {
-        const QStringList entries = QDir(folder_.filePath(real)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-        const auto entry = std::ranges::find_if(
-            entries, [&](const QString& name) { return name.compare(step, Qt::CaseInsensitive) == 0; });
-        if (entry == entries.end()) return {};
-        real += real.isEmpty() ? *entry : u'/' + *entry;
+        const QString found = entry(real, step);
+        if (found.isEmpty()) return {};
+        real += real.isEmpty() ? found : u'/' + found;
     }
     return real;
+}
+
+/// What a name in a subfolder is really called; empty when nothing there is called so in any case.
+QString ExternalFolder::entry(const QString& subfolder, const QString& name) const {
+    if (!entries_.contains(subfolder)) {
+        QHash<QString, QString>& entries = entries_[subfolder];
+        const QDir folder(folder_.filePath(subfolder));
+        for (const QString& entry : folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+            entries.insert(entry.toLower(), entry);
+    }
+    return entries_[subfolder].value(name.toLower());
 }
 
 bool ExternalFolder::saved_with_page(const QString& file) const {

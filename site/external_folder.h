@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDir>
+#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -29,8 +30,11 @@ class ExternalFolder {
     [[nodiscard]] QString reachable(const QString& relative) const;
     [[nodiscard]] QString real_spelling(const QString& relative) const;
 
+    [[nodiscard]] QString entry(const QString& subfolder, const QString& name) const;
+
     QDir folder_;
     QString page_;
+    mutable QHash<QString, QHash<QString, QString>> entries_;  // of a subfolder, by lower-case names
 };
 
 }  // namespace pondera

@@ -39,7 +39,12 @@ class AddressChange {
                                        [this](const PageReference& reference) { return replacement(reference); });
     }
 
-    [[nodiscard]] const QStringList& own_links() const { return own_links_; }
+    /// The links that stay as they are, each once.
+    [[nodiscard]] QStringList own_links() const {
+        QStringList links = own_links_;
+        links.removeDuplicates();
+        return links;
+    }
 
   private:
     /// Takes the address out of the BASE tag: the page's own place is its base from now on.
@@ -72,10 +77,10 @@ class AddressChange {
     /// True for what may be an address: a string of a script can be a part of one, and a LINK can be about anything. It
     /// counts when it leads to a file.
     [[nodiscard]] bool is_hint(const PageReference& reference) const {
-        const bool plain = reference.kind == ReferenceKind::kStyleSheet;
-        return !plain && std::ranges::any_of(hints_, [&](const auto& hint) {
-            return reference.begin >= hint.first && reference.begin < hint.second;
-        });
+        if (reference.kind == ReferenceKind::kStyleSheet) return false;
+        const auto after =
+            std::ranges::upper_bound(hints_, reference.begin, {}, &std::pair<qsizetype, qsizetype>::first);
+        return after != hints_.begin() && reference.begin < std::prev(after)->second;
     }
 
     std::optional<QString> replacement(const PageReference& reference) {
@@ -113,7 +118,7 @@ class AddressChange {
         const AddressTarget target = resolve_address(address, {});
         const bool stands_there =
             target.place == AddressTarget::Place::kWebsite && QFileInfo::exists(QDir(website_).filePath(target.file));
-        if (!stands_there && !own_links_.contains(address)) own_links_ += address;
+        if (!stands_there) own_links_ += address;
         return std::nullopt;
     }
 

@@ -50,7 +50,7 @@ FileUsage FileUsage::of_website(const QString& website_folder, const Steps& step
     FileUsage usage;
     // A page's stored fragment is used by its page, which does not refer to it.
     for (const QString& page : list_pages(website_folder))
-        usage.add(u"media/img/External_HTML_"_s + strip_tutto(page) + u".txt"_s, display_name(page));
+        usage.add((u"media/img/External_HTML_"_s + strip_tutto(page) + u".txt"_s).toLower(), display_name(page));
     const int total = static_cast<int>(files.size());
     for (int done = 0; done < total && usage.complete_; ++done) {
         usage.add_file(files.at(done), website_folder);
@@ -81,24 +81,31 @@ void FileUsage::add_page(const QString& page, const QString& text, const QString
     add_references(user_name(page), {}, addresses_of(page_references(text)), website);
 }
 
-/// An address counts as seen from the pages, from the folder of the file that it stands in, and, as a bare name that a
-/// script may put a folder before, in the media folders.
 void FileUsage::add_references(const QString& user, const QString& folder, const QStringList& addresses,
                                const QString& website) {
-    for (const QString& address : addresses) {
-        QStringList places{{}};
-        if (!folder.isEmpty()) places += folder;
-        if (!address.contains(u'/') && !address.contains(u'\\'))
-            places += {u"media/img/"_s, u"media/video/"_s, u"media/audio/"_s};
-        for (const QString& place : std::as_const(places)) {
-            const AddressTarget target = resolve_address(place + address, website);
-            if (target.place == AddressTarget::Place::kWebsite) add(target.file, user);
-        }
+    for (const QString& address : addresses)
+        for (const QString& file : files_at(address, folder, website)) add(file, user);
+}
+
+/// An address counts as seen from the pages, from the folder of the file that it stands in, and, as a bare name that a
+/// script may put a folder before, in the media folders.
+const QStringList& FileUsage::files_at(const QString& address, const QString& folder, const QString& website) {
+    const QString key = folder + u'\n' + address;
+    if (const auto known = files_.constFind(key); known != files_.constEnd()) return *known;
+    QStringList places{{}};
+    if (!folder.isEmpty()) places += folder;
+    if (!address.contains(u'/') && !address.contains(u'\\'))
+        places += {u"media/img/"_s, u"media/video/"_s, u"media/audio/"_s};
+    QStringList files;
+    for (const QString& place : std::as_const(places)) {
+        const AddressTarget target = resolve_address(place + address, website);
+        if (target.place == AddressTarget::Place::kWebsite) files += target.file.toLower();
     }
+    return *files_.insert(key, files);
 }
 
 void FileUsage::add(const QString& file, const QString& user) {
-    users_[file.toLower()].insert(user);
+    users_[file].insert(user);
 }
 
 QStringList FileUsage::users_of(const QString& file) const {

@@ -32,7 +32,9 @@ class FileUsage {
     void add_references(const QString& user, const QString& folder, const QStringList& addresses,
                         const QString& website);
     void add(const QString& file, const QString& user);
+    [[nodiscard]] const QStringList& files_at(const QString& address, const QString& folder, const QString& website);
 
+    QHash<QString, QStringList> files_;    // that an address of a folder can lead to
     QHash<QString, QSet<QString>> users_;  // by lower-case path
     bool complete_ = true;
 };
