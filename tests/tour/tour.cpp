@@ -1,27 +1,19 @@
-#include <QAction>
-#include <QDialog>
 #include <QDir>
-#include <QDirIterator>
 #include <QImage>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QSettings>
 #include <QTest>
-#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "base/text_file.h"
 #include "shell/editing/dhtml_edit.h"
 #include "shell/frm_splash.h"
 #include "shell/frm_wizard.h"
-#include "shell/look.h"
-#include "shell/main_form.h"
 #include "site/first_start.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/tour/tour_fixture.h"
 
 namespace pondera {
 
@@ -29,102 +21,6 @@ using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {
-
-/// Goes through the program as a new user does and leaves a numbered picture of each step in the folder that the
-/// environment variable PONDERA_PICTURES names.
-class Tour : public testing::Test {
-  protected:
-    Tour() : settings_(u"Pondera"_s, u"Pondera"_s), roots_(Roots::of_user()) { settings_.beginGroup("Parametri"_L1); }
-
-    static bool wait_until(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 20000); }
-
-    void photograph(QWidget& window, const QString& name) {
-        const QString folder = qEnvironmentVariable("PONDERA_PICTURES");
-        QTest::qWait(300);
-        if (folder.isEmpty()) return;
-        QDir().mkpath(folder);
-        ASSERT_TRUE(window.grab().save(u"%1/%2-%3.png"_s.arg(folder).arg(++pictures_, 2, 10, QChar(u'0')).arg(name)));
-    }
-
-    /// Copies the finished Website beside the pictures.
-    static void keep_website(const QString& folder) {
-        const QString pictures = qEnvironmentVariable("PONDERA_PICTURES");
-        if (pictures.isEmpty()) return;
-        const QDir to(pictures + u'/' + QFileInfo(folder).fileName());
-        QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            const QString path = to.filePath(QDir(folder).relativeFilePath(files.next()));
-            ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()) && QFile::copy(files.filePath(), path));
-        }
-    }
-
-    QWidget& page() { return *editor_->view()->focusProxy(); }
-
-    QVariant in_page(const QString& expression) {
-        std::optional<QVariant> result;
-        editor_->view()->page()->runJavaScript(expression, QWebEngineScript::ApplicationWorld,
-                                               [&result](const QVariant& value) { result = value; });
-        EXPECT_TRUE(wait_until([&result] { return result.has_value(); }));
-        return result.value_or(QVariant());
-    }
-
-    /// An element's box in the page's window; the element is brought into view first.
-    QRect box_of(const QString& selector) {
-        const QVariantList box = in_page(
-                                     uR"((() => {
-            const e = document.querySelector("%1");
-            e.scrollIntoView({ block: "nearest", inline: "nearest" });
-            const r = e.getBoundingClientRect();
-            return [r.left, r.top, r.width, r.height]; })())"_s.arg(selector))
-                                     .toList();
-        if (box.size() != 4) {
-            ADD_FAILURE() << "not on the page: " << qPrintable(selector);
-            return {};
-        }
-        return QRectF(box[0].toDouble(), box[1].toDouble(), box[2].toDouble(), box[3].toDouble()).toRect();
-    }
-
-    void type(const QString& text) {
-        for (const QChar letter : text) QTest::keyClick(&page(), letter.toLatin1());
-        QTest::qWait(50);
-    }
-
-    /// Selects a paragraph or heading by three clicks, as quick as a person's (QTest spaces its clicks).
-    void select_paragraph(const QString& selector) {
-        const QPoint place = box_of(selector).center();
-        for (int click = 0; click < 3; ++click) {
-            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-                QMouseEvent event(type, place, page().mapToGlobal(place), Qt::LeftButton, held, {});
-                event.setTimestamp(clicks_ += 40);
-                QCoreApplication::sendEvent(&page(), &event);
-            }
-        }
-        clicks_ += 5000;
-        QTest::qWait(100);
-    }
-
-    void move_mouse(const QPoint& place) {
-        QMouseEvent move(QEvent::MouseMove, place, page().mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&page(), &move);
-        QTest::qWait(60);
-    }
-
-    void trigger(const QString& name) {
-        auto* action = window_->findChild<QAction*>(name);
-        ASSERT_NE(action, nullptr) << qPrintable(name);
-        ASSERT_TRUE(wait_until([action] { return action->isEnabled(); })) << qPrintable(name) << " is disabled";
-        action->trigger();
-    }
-
-    QSettings settings_;
-    Roots roots_;
-    ScriptedPrompts prompts_;
-    std::unique_ptr<MainForm> window_;
-    DHTMLEdit* editor_ = nullptr;
-    int pictures_ = 0;
-    quint64 clicks_ = 1'000'000;  ///< the mouse's time, in milliseconds
-};
 
 TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     const auto installed = install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR) + u"/system"_s, roots_);
@@ -141,12 +37,7 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
         photograph(splash, u"splash"_s);
     }
 
-    window_ = std::make_unique<MainForm>(roots_, prompts_, settings_);
-    window_->resize(1180, 780);
-    window_->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
-    editor_ = window_->findChild<DHTMLEdit*>(u"DHTMLEdit1"_s);
-    ASSERT_NE(editor_, nullptr);
+    ASSERT_NO_FATAL_FAILURE(open_window());
     photograph(*window_, u"start"_s);
 
     show_wizard(window_->workbench());
@@ -249,7 +140,6 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     ASSERT_TRUE(wait_until([this] { return !window_->workbench().browsing(); }));
     EXPECT_EQ(window_->workbench().page(), u"index.htm"_s);
     EXPECT_FALSE(editor_->modified());
-    keep_website(folder);
 }
 
 }  // namespace
