@@ -47,7 +47,7 @@ QStringList row_of(const BrokenLink& link) {
 }  // namespace
 
 QString no_broken_links(const LinkCheck& check) {
-    return u"There are no broken links.\n%1 have been checked."_s.arg(extent(check));
+    return u"There are no broken links.\nChecked: %1."_s.arg(extent(check));
 }
 
 frm_link_rotti::frm_link_rotti(Workbench& workbench, LinkCheck check,

@@ -103,16 +103,16 @@ void Rendi_inter(Workbench& workbench) {
 
 void name_place(Workbench& workbench) {
     EditingControl& editor = workbench.editor();
-    if (editor.selection().type == SelectionType::kControl) {
+    const auto ask_for_place = [&workbench] {
         workbench.prompts().tell(u"Click into the text where the anchor is to stand, or select words there."_s,
                                  MessageIcon::kInformation);
-        return;
-    }
+    };
+    if (editor.selection().type == SelectionType::kControl) return ask_for_place();
     editor.keep_place();
     frm_ancora form(workbench);
     const bool accepted = workbench.prompts().run(form);
     editor.restore_place();
-    if (accepted) editor.set_place_name(form.removes() ? QString() : form.name().trimmed());
+    if (accepted && !editor.set_place_name(form.removes() ? QString() : form.name().trimmed())) ask_for_place();
 }
 
 }  // namespace

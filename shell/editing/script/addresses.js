@@ -7,7 +7,7 @@ pondera.addresses = (() => {
 
     // How often an attribute or a script says an address.
     function timesIn(name, value, address) {
-        const isText = !name || name === "style" || name.startsWith("on") || name === "srcset" || name === "content" || /^\s*javascript:/i.test(value);
+        const isText = ["", "style", "srcset", "content"].includes(name) || name.startsWith("on") || /^\s*javascript:/i.test(value);
         if (!isText) return kAddresses.has(name) && value.trim() === address ? 1 : 0;
         let times = 0;
         const edges = /["'(),;\s]/;
@@ -25,7 +25,8 @@ pondera.addresses = (() => {
     }
 
     function show(element) {
-        const picture = element.matches("img, embed, object, video, audio, iframe, input") ? element : element.textContent.trim() ? null : element.querySelector("img");
+        const isPiece = element.matches("img, embed, object, video, audio, iframe, input");
+        const picture = isPiece ? element : element.textContent.trim() ? null : element.querySelector("img");
         if (picture || selection.isPositioned(element)) {
             selection.select(picture || element);
         } else {
@@ -41,7 +42,8 @@ pondera.addresses = (() => {
         for (const element of document.querySelectorAll("*")) {
             number -= timesOf(element, address);
             if (number >= 0) continue;
-            if (!document.body.contains(element) || element === document.body || element.matches("script, style, link, meta, noscript *")) return "hidden";
+            const isSeen = element !== document.body && document.body.contains(element);
+            if (!isSeen || element.matches("script, style, link, meta, noscript *")) return "hidden";
             show(element);
             return "shown";
         }

@@ -175,5 +175,8 @@ pondera.places = (() => {
         if (range && lost.length) getSelection().collapse(range.startContainer, range.startOffset);
     }
 
-    return { changed, dissolve, dropTakenNames, beforeDeleting, afterDeleting, kPlaces, marks, nameOf, placeNamed, places, linkTo, setPlace, placeName: () => nameOf(placeHere() || document.body) };
+    return {
+        kPlaces, marks, nameOf, placeNamed, changed, dissolve, places, linkTo, setPlace, dropTakenNames, beforeDeleting, afterDeleting,
+        placeName: () => nameOf(placeHere() || document.body)
+    };
 })();

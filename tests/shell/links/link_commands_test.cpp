@@ -205,7 +205,7 @@ TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
     choose(u"mnu_link_rotti"_s);
     QFile::remove(menu);
     write(u"Shop"_s, u"çindex.htm"_s, u"<p>x <a href=_4_Trips.htm>first</a></p>"_s);
-    prompts_.expect_message(u"There are no broken links.\n1 link on 3 pages have been checked."_s);
+    prompts_.expect_message(u"There are no broken links.\nChecked: 1 link on 3 pages."_s);
     choose(u"mnu_link_rotti"_s);
 }
 
