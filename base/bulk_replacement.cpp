@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <filesystem>
+#include <tuple>
 
 #include "base/files.h"
 #include "base/text_file.h"
@@ -74,7 +75,7 @@ void undo_interrupted_replacement(const QString& folder) {
         const QString path = QDir::cleanPath(QDir(folder).filePath(QString::fromUtf8(line[3])));
         const bool whole = record->startsWith(record_of(QString::fromUtf8(line[3]), line[1].toInt(), bytes));
         if (whole && path.startsWith(QDir::cleanPath(folder) + u'/') && QFileInfo(path).isFile())
-            (void)replace_file(path, bytes);
+            std::ignore = replace_file(path, bytes);
     }
     QFile::remove(backup);
 }

@@ -1,6 +1,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <tuple>
 
 #include "base/files.h"
 #include "base/roots.h"
@@ -49,9 +50,9 @@ class WrittenTogether {
     void take_back() {
         for (const Before& before : before_)
             if (before.existed)
-                (void)replace_file(before.path, before.bytes);
+                std::ignore = replace_file(before.path, before.bytes);
             else
-                (void)remove_file(before.path);
+                std::ignore = remove_file(before.path);
         before_.clear();
     }
 

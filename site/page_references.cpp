@@ -129,9 +129,7 @@ class ReferenceWalk {
     void take_style(qsizetype begin, qsizetype end) {
         while (begin < end) {
             const QStringView rest = between(begin, end);
-            if (!QStringView(u"/uU@").contains(rest.front())) {
-                ++begin;
-            } else if (rest.startsWith(u"/*")) {
+            if (rest.startsWith(u"/*")) {
                 const qsizetype close = rest.indexOf(u"*/", 2);
                 begin = close < 0 ? end : begin + close + 2;
             } else if (rest.startsWith(u"url(", Qt::CaseInsensitive)) {
@@ -142,9 +140,15 @@ class ReferenceWalk {
                 if (between(begin, end).startsWith(u"url(", Qt::CaseInsensitive)) begin += 4;
                 begin = take_style_address(begin, end, u')', ReferenceKind::kStyleSheet);
             } else {
-                ++begin;
+                begin = next_style_sign(begin + 1, end);
             }
         }
+    }
+
+    /// The next place where a comment, an address or an import can begin.
+    [[nodiscard]] qsizetype next_style_sign(qsizetype begin, qsizetype end) const {
+        const auto is_sign = [](QChar c) { return c == u'/' || c == u'u' || c == u'U' || c == u'@'; };
+        return std::find_if(text_.begin() + begin, text_.begin() + end, is_sign) - text_.begin();
     }
 
     /// Takes the address at `begin`, up to its own quote or else up to `closing`; gives where it ends.

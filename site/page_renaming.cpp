@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <tuple>
 
 #include "base/files.h"
 #include "site/link_correction.h"
@@ -59,9 +60,9 @@ FileResult<void> make_new_files(const QDir& folder, const PageMove& move) {
         if (!folder.exists(from)) continue;
         const auto result = make(folder.filePath(from), folder.filePath(to));
         if (!result && !made.isEmpty() && changes_case_only(move))
-            (void)change_case(folder.filePath(made), folder.filePath(move.from));
+            std::ignore = change_case(folder.filePath(made), folder.filePath(move.from));
         else if (!result && !made.isEmpty())
-            (void)remove_file(folder.filePath(made));
+            std::ignore = remove_file(folder.filePath(made));
         if (!result) return result;
         made = to;
     }

@@ -34,12 +34,13 @@ QStringView path_of(QStringView address) {
                          address.begin());
 }
 
-bool could_be_file(QStringView address) {
+/// What the file is for whose address a string could be.
+std::optional<ReferenceKind> kind_of_string(QStringView address) {
     constexpr QStringView kNever = u"<>\"|*:;{}=+";
     const QStringView path = path_of(address);
-    if (path.isEmpty() || path.front().isSpace() || path.back().isSpace()) return false;
-    return std::ranges::none_of(path, [&](QChar c) { return kNever.contains(c) || c.unicode() < 0x20; }) &&
-           kind_of_file(address).has_value();
+    const bool never = path.isEmpty() || path.front().isSpace() || path.back().isSpace() ||
+                       std::ranges::any_of(path, [&](QChar c) { return kNever.contains(c) || c.unicode() < 0x20; });
+    return never ? std::nullopt : kind_of_file(address);
 }
 
 class StringScan {
@@ -90,9 +91,10 @@ class StringScan {
         const qsizetype equals = line.indexOf(u" = ");
         if (equals < 0) return false;
         const QStringView value = line.sliced(equals + 3).trimmed();
-        if (value.startsWith(u'\'') || !could_be_file(value)) return false;
+        const auto kind = kind_of_string(value);
+        if (value.startsWith(u'\'') || !kind) return false;
         const qsizetype begin = value.begin() - text_.begin();
-        seen_(begin, begin + value.size(), *kind_of_file(value));
+        seen_(begin, begin + value.size(), *kind);
         at_ = end;
         return true;
     }
@@ -118,8 +120,9 @@ class StringScan {
         if (address.endsWith(u'\\')) address.chop(1);
         const QString meant =
             place_ == ScriptPlace::kAttribute ? resolve_character_references(address) : address.toString();
-        if (!could_be_file(meant) || (is_appended(opening) && !begins_as_page(meant))) return;
-        seen_(at_, at_ + address.size(), *kind_of_file(meant));
+        const auto kind = kind_of_string(meant);
+        if (!kind || (is_appended(opening) && !begins_as_page(meant))) return;
+        seen_(at_, at_ + address.size(), *kind);
         at_ += length + quote.size();
     }
 
