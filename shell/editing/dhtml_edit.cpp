@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -49,6 +50,12 @@ FileError control_error(FileError error) {
     return error;
 }
 
+/// True for keys with which some desktops delete or let go in a line of text, and which are commands of the window
+/// here.
+bool belongs_to_window(const QKeyEvent& key) {
+    return key.matches(QKeySequence::DeleteEndOfLine) || key.matches(QKeySequence::Deselect);
+}
+
 QString line_end_of(const QString& text) {
     if (text.contains(u"\r\n"_s)) return u"\r\n"_s;
     return text.contains(u'\n') || !text.contains(u'\r') ? u"\n"_s : u"\r"_s;
@@ -86,6 +93,7 @@ SelectedElement element_from(const QJsonObject& json) {
 
 DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineView(this)), page_(new ScriptPage(view_)) {
     setObjectName(u"DHTMLEdit1"_s);
+    view_->installEventFilter(this);
     view_->setPage(page_);
     view_->setMinimumWidth(kNarrowest);
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -120,7 +128,6 @@ DHTMLEdit::DHTMLEdit(QWidget* parent) : QWidget(parent), view_(new QWebEngineVie
             if (text.isString()) known_text_ = text.toString();
         });
     });
-    view_->installEventFilter(this);
     view_->setAcceptDrops(true);
 }
 
@@ -370,6 +377,14 @@ bool DHTMLEdit::revive() {
 }
 
 bool DHTMLEdit::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && belongs_to_window(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;  // else the engine keeps the key, and no menu hears of it
+    }
+    if (watched == view_ && event->type() == QEvent::ChildAdded) {
+        QObject* engine_widget = static_cast<QChildEvent*>(event)->child();
+        if (engine_widget->isWidgetType()) engine_widget->installEventFilter(this);
+    }
     if (watched == view_ && (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop)) {
         auto* drop = static_cast<QDropEvent*>(event);
         const QStringList files = local_files(drop->mimeData());
