@@ -30,14 +30,21 @@ bool really_wants_to_delete(Workbench& workbench) {
                      {Answer::kCancel, Answer::kOk});
 }
 
+/// Shows another page instead of the deleted one, which must not stay open: saving would write it again.
+void leave_deleted_page(Workbench& workbench, const QString& shown) {
+    workbench.give_up_changes();
+    const bool loaded =
+        (!shown.isEmpty() && workbench.load(shown)) || (shown != kHomePage && workbench.load(kHomePage));
+    if (!loaded) workbench.close_website();
+}
+
 /// Brings the editor in step with the files: the open page may be gone, have another name, or have other arrows now.
 void follow_deletion(Workbench& workbench, const QString& deleted, const PageOutcome& outcome) {
     const QString open = workbench.page();
     const auto moved = std::ranges::find(outcome.moves, open, &PageMove::from);
     workbench.refresh_tree();
     if (open == deleted) {
-        workbench.give_up_changes();
-        workbench.load(outcome.page.isEmpty() ? kHomePage : outcome.page);
+        leave_deleted_page(workbench, outcome.page);
     } else if (moved != outcome.moves.end()) {
         workbench.load(moved->to);
     } else if (workbench.editor().changed_on_disk()) {

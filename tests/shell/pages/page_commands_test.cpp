@@ -213,6 +213,18 @@ TEST_F(PageCommands, TheOpenPageGoesWithItsChangesAndAnotherIsShown) {
     EXPECT_TRUE(workbench().editor().text().contains(u"of the follower"_s));
 }
 
+TEST_F(PageCommands, ADeletedPageIsNotLeftOpenWhenNoOtherCanBeShown) {
+    load(u"_4_Trips.htm"_s);
+    for (const auto& file : {u"index.htm"_s, u"çindex.htm"_s})
+        ASSERT_TRUE(QFile::remove(QDir(roots_.website(u"Club"_s)).filePath(file)));
+    prompts_.expect_message(kSure).expect_message(kNoWayBack);
+    prompts_.expect_message(u"File not found"_s).expect_message(kMedia, Answer::kNo);
+    press_in_tree(u"Trips"_s, Qt::Key_Delete);
+    EXPECT_EQ(page(), u"");
+    EXPECT_FALSE(workbench().save());
+    EXPECT_EQ(club(u"§_4_Trips.htm"_s), u"");
+}
+
 TEST_F(PageCommands, TheOpenPageFollowsItsGroupWhenAnotherOfItIsDeleted) {
     have_group();
     change_page(u"of the last page"_s);
