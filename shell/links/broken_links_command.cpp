@@ -40,7 +40,8 @@ void go_there(Workbench& workbench, const BrokenLink& link) {
         case AddressShown::kHidden:
             return tell(workbench,
                         u"The address \"%1\" stands where nothing can be selected: in the head of this page, in a "
-                        "script or style, or as the background of the page."_s.arg(link.address));
+                        "script or style, in something that is not shown, or as the background of the page."_s.arg(
+                            link.address));
         case AddressShown::kMissing:
             return tell(workbench, u"The address \"%1\" is no longer on this page."_s.arg(link.address));
     }

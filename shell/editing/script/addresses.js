@@ -24,8 +24,18 @@ pondera.addresses = (() => {
         return times;
     }
 
+    // What the person sees of an element: for one that is only a part of another, such as the area of a picture, that other.
+    function seenOf(element) {
+        if (element.matches("area")) {
+            const map = element.closest("map")?.name;
+            return [...document.images].find(picture => map && picture.useMap.endsWith("#" + map));
+        }
+        const seen = element.parentElement.closest("object, video, audio, picture, select") || element;
+        return seen.getClientRects().length ? seen : undefined;
+    }
+
     function show(element) {
-        const isPiece = element.matches("img, embed, object, video, audio, iframe, input");
+        const isPiece = element.matches("img, embed, object, video, audio, iframe, input, select");
         const picture = isPiece ? element : element.textContent.trim() ? null : element.querySelector("img");
         if (picture || selection.isPositioned(element)) {
             selection.select(picture || element);
@@ -44,8 +54,9 @@ pondera.addresses = (() => {
             if (number >= 0) continue;
             const isSeen = element !== document.body && document.body.contains(element);
             if (!isSeen || element.matches("script, style, link, meta, noscript *")) return "hidden";
-            show(element);
-            return "shown";
+            const seen = seenOf(element);
+            if (seen) show(seen);
+            return seen ? "shown" : "hidden";
         }
         return "missing";
     }

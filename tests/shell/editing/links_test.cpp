@@ -179,6 +179,8 @@ TEST_F(Links, AnAddressIsShownWhereItStands) {
         "background=back.gif><p><a href=gone.htm>first</a> <a href=gone.htm>second</a> <a href=g.htm><img "
         "src=a.png></a>"
         "</p><div style=\"height:3000px\"></div><p onclick=\"go('gone.htm')\" style=\"background:url(b.gif)\">third</p>"
+        "<img name=mapped src=a.png usemap=#m><map name=m><area href=area.htm></map><map name=i><area "
+        "href=idle.htm></map><video name=film><source src=film.mp4></video>"
         "<img name=pos src=lost.gif style=\"position:absolute; left:10px; top:4000px\"></body></html>"_s);
     struct {
         QString address;
@@ -186,11 +188,13 @@ TEST_F(Links, AnAddressIsShownWhereItStands) {
         AddressShown shown;
         QString selected;
     } const cases[]{
-        {u"gone.htm"_s, 0, AddressShown::kShown, u"first"_s}, {u"gone.htm"_s, 1, AddressShown::kShown, u"second"_s},
-        {u"gone.htm"_s, 2, AddressShown::kShown, u"third"_s}, {u"gone.htm"_s, 3, AddressShown::kMissing, {}},
-        {u"b.gif"_s, 0, AddressShown::kShown, u"third"_s},    {u"lost.gif"_s, 0, AddressShown::kShown, u"pos"_s},
-        {u"none.css"_s, 0, AddressShown::kHidden, {}},        {u"gone.gif"_s, 0, AddressShown::kHidden, {}},
-        {u"back.gif"_s, 0, AddressShown::kHidden, {}},        {u"gone"_s, 0, AddressShown::kMissing, {}},
+        {u"gone.htm"_s, 0, AddressShown::kShown, u"first"_s},  {u"gone.htm"_s, 1, AddressShown::kShown, u"second"_s},
+        {u"gone.htm"_s, 2, AddressShown::kShown, u"third"_s},  {u"gone.htm"_s, 3, AddressShown::kMissing, {}},
+        {u"b.gif"_s, 0, AddressShown::kShown, u"third"_s},     {u"lost.gif"_s, 0, AddressShown::kShown, u"pos"_s},
+        {u"none.css"_s, 0, AddressShown::kHidden, {}},         {u"gone.gif"_s, 0, AddressShown::kHidden, {}},
+        {u"back.gif"_s, 0, AddressShown::kHidden, {}},         {u"gone"_s, 0, AddressShown::kMissing, {}},
+        {u"area.htm"_s, 0, AddressShown::kShown, u"mapped"_s}, {u"idle.htm"_s, 0, AddressShown::kHidden, {}},
+        {u"film.mp4"_s, 0, AddressShown::kShown, u"film"_s},
     };
     for (const auto& [address, number, shown, selected] : cases) {
         EXPECT_EQ(editor_.show_address(address, number), shown) << address.toStdString() << number;
