@@ -41,7 +41,14 @@ struct Watch {
     }
 };
 
+/// The fault of a file that may not be read or replaced.
+FileError permission_error(const QString& path) {
+    return file_error_of(std::make_error_code(std::errc::permission_denied), path);
+}
+
 FileResult<void> add_file(zip_t* zip, const QString& name, const QString& path) {
+    // The library opens it only when it closes the archive, and then blames that.
+    if (!QFileInfo(path).isReadable()) return std::unexpected(permission_error(path));
     zip_source_t* source = zip_source_file(zip, QFile::encodeName(path).constData(), 0, -1);
     if (source != nullptr && zip_file_add(zip, name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) >= 0) return {};
     zip_source_free(source);
@@ -52,6 +59,8 @@ FileResult<void> add_file(zip_t* zip, const QString& name, const QString& path) 
 
 FileResult<bool> write_zip(const QString& archive, const QString& top_folder, const QString& folder,
                            const QStringList& files, const Steps& steps) {
+    const QFileInfo present(archive);
+    if (present.exists() && !present.permission(QFile::WriteOwner)) return std::unexpected(permission_error(archive));
     int code = 0;
     Archive zip(zip_open(QFile::encodeName(archive).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code), zip_discard);
     if (zip == nullptr) {

@@ -22,25 +22,27 @@ class Collection {
     Collection(const QString& folder, Extent extent)
         : folder_(folder), root_(QFileInfo(folder).canonicalFilePath() + u'/'), extent_(extent) {}
 
-    FolderFiles run() {
-        add_folder({});
+    FileResult<FolderFiles> run() {
+        if (auto read = add_folder({}); !read) return std::unexpected(read.error());
+        std::ranges::sort(found_.files);
+        std::ranges::sort(found_.left_out);
         return std::move(found_);
     }
 
   private:
     /// `prefix` is empty or ends in "/".
-    void add_folder(const QString& prefix) {
+    FileResult<void> add_folder(const QString& prefix) {
         std::error_code error;
         QStringList folders;
-        fs::directory_iterator entries(QFileInfo(folder_ + u'/' + prefix).filesystemFilePath(), error);
+        const QString path = folder_ + u'/' + prefix;
+        fs::directory_iterator entries(QFileInfo(path).filesystemFilePath(), error);
         for (; !error && entries != fs::directory_iterator(); entries.increment(error))
             add_entry(*entries, prefix, folders);
-        if (error) found_.left_out.append(prefix.isEmpty() ? u"./"_s : prefix);
+        if (error) return std::unexpected(file_error_of(error, path));
         std::ranges::sort(folders);
-        for (const QString& folder : folders) add_folder(folder);
-        if (!prefix.isEmpty()) return;
-        std::ranges::sort(found_.files);
-        std::ranges::sort(found_.left_out);
+        for (const QString& folder : folders)
+            if (auto read = add_folder(folder); !read) return read;
+        return {};
     }
 
     void add_entry(const fs::directory_entry& entry, const QString& prefix, QStringList& folders) {
@@ -71,7 +73,7 @@ class Collection {
 
 }  // namespace
 
-FolderFiles files_of_website(const QString& folder, Extent extent) {
+FileResult<FolderFiles> files_of_website(const QString& folder, Extent extent) {
     return Collection(folder, extent).run();
 }
 

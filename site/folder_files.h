@@ -20,8 +20,8 @@ struct FolderFiles {
 
 /// The files of a Website's folder in a fixed order. Links are files when they lead to a file within the folder;
 /// links that lead elsewhere or to folders, what is neither file nor folder, and folders beyond the extent are left
-/// out.
-[[nodiscard]] FolderFiles files_of_website(const QString& folder, Extent extent);
+/// out. Fails with the first folder that cannot be read.
+[[nodiscard]] FileResult<FolderFiles> files_of_website(const QString& folder, Extent extent);
 
 enum class Work { kDone, kCancelled };
 

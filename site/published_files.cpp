@@ -20,8 +20,10 @@ bool is_published(const QString& file_name) {
                                 [&](QStringView name) { return name.compare(file_name, Qt::CaseInsensitive) == 0; });
 }
 
-QStringList published_files(const QString& website_folder) {
-    QStringList files = files_of_website(website_folder, Extent::kWebsite).files;
+FileResult<QStringList> published_files(const QString& website_folder) {
+    auto found = files_of_website(website_folder, Extent::kWebsite);
+    if (!found) return std::unexpected(found.error());
+    QStringList& files = found->files;
     files.removeIf([](const QString& file) { return !is_published(file.section(u'/', -1)); });
     std::ranges::stable_partition(files, [](const QString& file) { return !file.contains(u'/'); });
     return files;

@@ -15,40 +15,85 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+namespace fs = std::filesystem;
+
+const QString kMade = u"website"_s;
+const QString kBefore = u"before"_s;
+const QString kLock = u"in_use"_s;
+
 FileResult<void> move_folder(const QString& from, const QString& to) {
     std::error_code error;
-    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
+    fs::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
     if (error) return std::unexpected(file_error_of(error, to));
     return {};
+}
+
+/// Removes a folder with all in it, write-protected folders too; what links in it lead to stays.
+void remove_folder(const QString& path) {
+    const fs::path folder = QFileInfo(path).filesystemFilePath();
+    std::error_code ignored;
+    for (fs::recursive_directory_iterator entry(folder, ignored), end; entry != end; entry.increment(ignored))
+        if (entry->symlink_status(ignored).type() == fs::file_type::directory)
+            fs::permissions(entry->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+    fs::remove_all(folder, ignored);
+}
+
+std::unique_ptr<QLockFile> lock_of(const QString& workshop) {
+    auto lock = std::make_unique<QLockFile>(QDir(workshop).filePath(kLock));
+    lock->setStaleLockTime(0);  // however long it takes: a lock lasts as long as its program
+    return lock;
+}
+
+/// Removes a workshop; it counts as in use until the Websites in it are gone.
+void remove_workshop(const QString& path, QLockFile& in_use) {
+    for (const QString& website : {kMade, kBefore}) remove_folder(QDir(path).filePath(website));
+    in_use.unlock();
+    remove_folder(path);
+}
+
+/// Removes the workshops of programs that ended in the middle. One that holds both a new and an old Website may be all
+/// that there is of it, so it stays.
+void remove_abandoned_workshops(const QDir& websites) {
+    for (const QString& name : websites.entryList({u"_new_*"_s}, QDir::Dirs | QDir::NoSymLinks)) {
+        const QDir workshop(websites.filePath(name));
+        if (!workshop.exists(kLock) || (workshop.exists(kMade) && workshop.exists(kBefore))) continue;
+        if (const auto lock = lock_of(workshop.path()); lock->tryLock()) remove_workshop(workshop.path(), *lock);
+    }
 }
 
 }  // namespace
 
 FileResult<StagedWebsite> StagedWebsite::begin(const Roots& roots) {
     if (auto root = create_folders(roots.websites()); !root) return std::unexpected(root.error());
+    remove_abandoned_workshops(QDir(roots.websites()));
     const QString id = QUuid::createUuid().toString(QUuid::Id128).first(8);
     const QString workshop = roots.website(u"_new_"_s + id);
     if (auto made = create_folder(workshop); !made) return std::unexpected(made.error());
     StagedWebsite staged(workshop);
+    (void)staged.in_use_->tryLock();
     if (auto made = create_folder(staged.folder()); !made) return std::unexpected(made.error());
     return staged;
 }
 
-StagedWebsite::StagedWebsite(StagedWebsite&& other) noexcept : workshop_(std::exchange(other.workshop_, {})) {
+StagedWebsite::StagedWebsite(QString workshop) : workshop_(std::move(workshop)), in_use_(lock_of(workshop_)) {
+}
+
+StagedWebsite::StagedWebsite(StagedWebsite&& other) noexcept
+    : workshop_(std::exchange(other.workshop_, {})), in_use_(std::move(other.in_use_)) {
 }
 
 StagedWebsite::~StagedWebsite() {
-    if (!workshop_.isEmpty()) QDir(workshop_).removeRecursively();
+    if (!workshop_.isEmpty()) remove_workshop(workshop_, *in_use_);
 }
 
 QString StagedWebsite::folder() const {
-    return QDir(workshop_).filePath(u"website"_s);
+    return QDir(workshop_).filePath(kMade);
 }
 
 FileResult<void> StagedWebsite::take_place(const QString& website) {
     const QFileInfo present(website);
     const bool replaces = present.exists() || present.isSymLink();
-    const QString aside = QDir(workshop_).filePath(u"before"_s);
+    const QString aside = QDir(workshop_).filePath(kBefore);
     if (replaces)
         if (auto moved = move_folder(website, aside); !moved) return moved;
     auto moved = move_folder(folder(), website);

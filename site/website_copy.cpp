@@ -88,17 +88,18 @@ FileResult<CopiedWebsite> copy_website(const Roots& roots, const WebsiteCopy& co
     if (!is_website(source)) return std::unexpected(FileError{FaultNumber::kPathNotFound, source, {}});
     if (!name_in_use(roots, copy.to).isEmpty())
         return std::unexpected(FileError{FaultNumber::kAlreadyExists, roots.website(copy.to), {}});
-    FolderFiles found = files_of_website(source, Extent::kWithAllFolders);
-    for (const QString& record : {u"§_elenco.pnd"_s, u"§_elencotemp.pnd"_s}) found.files.removeAll(record);
-    QStringList texts = found.files;
+    auto found = files_of_website(source, Extent::kWithAllFolders);
+    if (!found) return std::unexpected(found.error());
+    for (const QString& record : {u"§_elenco.pnd"_s, u"§_elencotemp.pnd"_s}) found->files.removeAll(record);
+    QStringList texts = found->files;
     texts.removeIf([](const QString& file) { return !holds_addresses(file); });
 
     auto staged = StagedWebsite::begin(roots);
     if (!staged) return std::unexpected(staged.error());
-    const int copies = static_cast<int>(found.files.size());
+    const int copies = static_cast<int>(found->files.size());
     const int total = copies + static_cast<int>(texts.size());
-    auto done =
-        copy_files(source, staged->folder(), found.files, [&](int copied, int) { return go_on(steps, copied, total); });
+    auto done = copy_files(source, staged->folder(), found->files,
+                           [&](int copied, int) { return go_on(steps, copied, total); });
     if (done && *done == Work::kDone)
         done = correct_texts(staged->folder(), texts, copy, roots,
                              [&](int corrected, int) { return go_on(steps, copies + corrected, total); });
@@ -106,7 +107,7 @@ FileResult<CopiedWebsite> copy_website(const Roots& roots, const WebsiteCopy& co
     if (*done == Work::kCancelled) return CopiedWebsite{.cancelled = true};
     if (auto made = create_media_folders(staged->folder()); !made) return std::unexpected(made.error());
     if (auto placed = staged->take_place(roots.website(copy.to)); !placed) return std::unexpected(placed.error());
-    return CopiedWebsite{.left_out = found.left_out};
+    return CopiedWebsite{.left_out = found->left_out};
 }
 
 }  // namespace pondera

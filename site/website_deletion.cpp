@@ -54,10 +54,12 @@ FileResult<QStringList> delete_website(const QString& website_folder, const Step
         if (auto removed = remove_file(website_folder); !removed) return std::unexpected(removed.error());
         return QStringList();
     }
-    if (auto removed = remove_file(website.filePath(editing_copy_name(kHomePage))); !removed)
-        return std::unexpected(removed.error());
-    for (const QString& folder : {u"media/audio"_s, u"media/video"_s, u"media/img"_s, u"media"_s, u"."_s})
-        delete_folder(website, folder, steps);
+    const auto removed = remove_file(website.filePath(editing_copy_name(kHomePage)));
+    if (!removed && removed.error().number != FaultNumber::kPathNotFound) return std::unexpected(removed.error());
+    QStringList folders{u"media"_s, u"."_s};
+    if (!QFileInfo(website.filePath(u"media"_s)).isSymLink())
+        folders = QStringList{u"media/audio"_s, u"media/video"_s, u"media/img"_s} + folders;
+    for (const QString& folder : folders) delete_folder(website, folder, steps);
     if (!QFileInfo::exists(website_folder)) return QStringList();
     QStringList remains = remains_of(website);
     if (remains.isEmpty()) remains += u"./"_s;

@@ -24,10 +24,11 @@ bool lies_in(const QString& path, const QString& folder) {
     return (resolved(path) + u'/').startsWith(resolved(folder) + u'/', Qt::CaseInsensitive);
 }
 
-FileResult<Work> export_to_folder(const QString& from, const QString& to, const Steps& steps) {
+FileResult<Work> export_to_folder(const QString& from, const QString& to, const QStringList& files,
+                                  const Steps& steps) {
     const bool is_new = !QFileInfo::exists(to);
     if (auto made = create_folders(to); !made) return std::unexpected(made.error());
-    auto copied = copy_files(from, to, published_files(from), steps);
+    auto copied = copy_files(from, to, files, steps);
     if (is_new && (!copied || *copied == Work::kCancelled)) QDir(to).removeRecursively();
     return copied;
 }
@@ -64,8 +65,10 @@ QString question_of_export(const WebsiteExport& plan) {
 
 FileResult<Work> export_website(const Roots& roots, const WebsiteExport& plan, const Steps& steps) {
     const QString from = roots.website(plan.website);
-    if (plan.form == ExportForm::kFolder) return export_to_folder(from, plan.place, steps);
-    const auto written = write_zip(plan.place, plan.website, from, published_files(from), steps);
+    const auto files = published_files(from);
+    if (!files) return std::unexpected(files.error());
+    if (plan.form == ExportForm::kFolder) return export_to_folder(from, plan.place, *files, steps);
+    const auto written = write_zip(plan.place, plan.website, from, *files, steps);
     if (!written) return std::unexpected(written.error());
     return *written ? Work::kDone : Work::kCancelled;
 }

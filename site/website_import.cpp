@@ -34,7 +34,8 @@ QStringList websites_in_folder(const QString& folder) {
 std::expected<WebsiteImport, QString> plan_import(const Roots& roots, const QString& folder) {
     WebsiteImport import{.folder = QDir::cleanPath(QDir(folder).absolutePath())};
     import.name = QDir(import.folder).dirName();
-    if (import.name.isEmpty() || !is_website(import.folder))
+    const QString home = QDir(import.folder).filePath(editing_copy_name(kHomePage));
+    if (import.name.isEmpty() || !is_website(import.folder) || !lies_in(home, import.folder))
         return std::unexpected(u"This folder is not a Pondera VANTILE Website."_s);
     if (is_reserved_folder(import.name))
         return std::unexpected(invalid_name_message(import.name.startsWith(u'_') ? u"_"_s : import.name));
@@ -51,18 +52,19 @@ std::expected<WebsiteImport, QString> plan_import(const Roots& roots, const QStr
 }
 
 FileResult<ImportedWebsite> import_website(const Roots& roots, const WebsiteImport& import, const Steps& steps) {
-    const FolderFiles found = files_of_website(import.folder, Extent::kWebsite);
-    if (!found.files.contains(editing_copy_name(kHomePage)))
+    const auto found = files_of_website(import.folder, Extent::kWebsite);
+    if (!found) return std::unexpected(found.error());
+    if (!found->files.contains(editing_copy_name(kHomePage)))
         return std::unexpected(
             FileError{FaultNumber::kPathNotFound, QDir(import.folder).filePath(editing_copy_name(kHomePage)), {}});
     auto staged = StagedWebsite::begin(roots);
     if (!staged) return std::unexpected(staged.error());
-    const auto copied = copy_files(import.folder, staged->folder(), found.files, steps);
+    const auto copied = copy_files(import.folder, staged->folder(), found->files, steps);
     if (!copied) return std::unexpected(copied.error());
     if (*copied == Work::kCancelled) return ImportedWebsite{.cancelled = true};
     if (auto made = create_media_folders(staged->folder()); !made) return std::unexpected(made.error());
     if (auto placed = staged->take_place(roots.website(import.name)); !placed) return std::unexpected(placed.error());
-    return ImportedWebsite{.left_out = found.left_out};
+    return ImportedWebsite{.left_out = found->left_out};
 }
 
 }  // namespace pondera

@@ -36,11 +36,13 @@ bool may_replace(Workbench& workbench, const QString& name) {
 }
 
 void report_failure(Workbench& workbench, const WebsiteImport& plan, const FileError& error) {
-    const QString state =
-        plan.replaces ? u"The Website %1 is as it was before."_s : u"The Website %1 was not imported."_s;
-    workbench.prompts().tell(
-        u"Error occurred in the copy.\n\n%1\n%2"_s.arg(fault_sentence(error), state.arg(plan.name)),
-        MessageIcon::kCritical);
+    QString state = u"The Website %1 was not imported."_s;
+    if (plan.replaces)
+        state = is_website(workbench.roots().website(plan.name))
+                    ? u"The Website %1 is as it was before."_s
+                    : u"The Website %1 lies in a folder beside your Websites, whose name begins with \"_new_\"."_s;
+    workbench.prompts().tell(u"Error occurred in the copy\n\n%1\n%2"_s.arg(fault_sentence(error), state.arg(plan.name)),
+                             MessageIcon::kCritical);
 }
 
 void report_success(Workbench& workbench, const WebsiteImport& plan, const QStringList& left_out) {

@@ -24,7 +24,7 @@ std::optional<QString> refusal_of(const Roots& roots, const QString& name) {
 
 void report_failure(Workbench& workbench, const WebsiteCopy& copy, const FileError& error) {
     const bool reading = error.path.startsWith(workbench.website_folder());
-    const QString what = reading ? u"Error occurred in the copy."_s : website_creation_message(error);
+    const QString what = reading ? u"Error occurred in the copy"_s : website_creation_message(error);
     workbench.prompts().tell(u"%1\n\n%2\nThe Website was not saved as %3."_s.arg(what, fault_sentence(error), copy.to),
                              MessageIcon::kCritical);
 }

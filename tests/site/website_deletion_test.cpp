@@ -33,10 +33,15 @@ TEST_F(WebsiteDeletion, DeletesAllOfItAndNeverWhatALinkLeadsTo) {
     EXPECT_EQ(delete_website(shop_).value(), QStringList());
     EXPECT_FALSE(QFileInfo::exists(shop_));
 
+    folder_.put(u"Shop/index.htm"_s);
+    folder_.put(u"Precious/img/a.jpg"_s);
+    ASSERT_TRUE(QFile::link(folder_.path(u"Precious"_s), folder_.path(u"Shop/media"_s)));
+    EXPECT_EQ(delete_website(shop_).value(), QStringList()) << "without the editing copy of its home page";
+
     ASSERT_TRUE(QFile::link(folder_.path(u"Precious"_s), shop_));
     EXPECT_EQ(delete_website(shop_).value(), QStringList());
     EXPECT_FALSE(QFileInfo(shop_).isSymLink());
-    EXPECT_EQ(remains(), u"Precious/çindex.htm=x");
+    EXPECT_EQ(remains(), u"Precious/img/a.jpg=x Precious/çindex.htm=x");
 }
 
 TEST_F(WebsiteDeletion, WhatIsNotTheWebsitesStaysAndIsTold) {

@@ -37,7 +37,7 @@ class WebsiteExporting : public testing::Test {
 };
 
 TEST_F(WebsiteExporting, PublishedFilesAreThoseThatVisitorsGet) {
-    EXPECT_EQ(published_files(roots_.website(u"Shop"_s)).join(u' '),
+    EXPECT_EQ(published_files(roots_.website(u"Shop"_s)).value().join(u' '),
               u"_1_vuota.htm _4_Città.htm index.htm price.pdf media/img/sea.jpg media/video/a.mp4");
     EXPECT_EQ(unpublished_pages(roots_.website(u"Shop"_s)), QStringList({u"_4_New.htm"_s}));
 }
@@ -71,6 +71,8 @@ TEST_F(WebsiteExporting, AZipHoldsThePublishedFilesOrStaysAsItWas) {
     out_.put(u"shop.zip"_s, "old");
     EXPECT_TRUE(question_of_export(to).contains(u"Do you want to replace it?"_s));
     EXPECT_EQ(export_website(roots_, to, [](int done, int) { return done < 3; }).value(), Work::kCancelled);
+    ASSERT_TRUE(QFile::setPermissions(out_.path(u"shop.zip"_s), QFile::ReadOwner));
+    EXPECT_EQ(export_website(roots_, to).error().number, FaultNumber::kPermissionDenied);
     EXPECT_EQ(text_of_folder(out_.path()), u"shop.zip=old");
 
     const SmallDisk disk;

@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "base/roots.h"
 #include "site/website_listing.h"
@@ -63,6 +64,8 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
     base_.put(u"Pondera/Leftover/a.txt"_s, "mine");
     for (const QString& folder : {u"ftp"_s, u"_HELP"_s, u"Leftover"_s}) there_.put(folder + u"/çindex.htm"_s);
     there_.put(u"Other/index.htm"_s);
+    ASSERT_TRUE(QDir(there_.path()).mkdir(u"Borrowed"_s));
+    ASSERT_TRUE(QFile::link(there_.path(u"Shop/çindex.htm"_s), there_.path(u"Borrowed/çindex.htm"_s)));
     ASSERT_TRUE(QFile::link(roots_.website(u"Shop"_s), there_.path(u"shop"_s)));
     const QString before = text_of_folder(base_.path());
     const QString none = u"This folder is not a Pondera VANTILE Website."_s;
@@ -71,6 +74,7 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
     const QList<std::pair<QString, QString>> cases{
         {there_.path(u"Other"_s), none},
         {there_.path(u"missing"_s), none},
+        {there_.path(u"Borrowed"_s), none},
         {u"/"_s, none},
         {there_.path(u"ftp"_s), u"Invalid name. Change ftp or choose another name."_s},
         {there_.path(u"_HELP"_s), u"Invalid name. Change _ or choose another name."_s},
@@ -93,6 +97,24 @@ TEST_F(WebsiteImporting, ReplacesAWholeWebsiteByAWholeOne) {
     EXPECT_EQ(import(there_.path(u"Shop"_s)), u"");
     EXPECT_EQ(list_websites(roots_), QStringList({u"SHOP"_s}));
     EXPECT_EQ(text_of_folder(base_.path()), text_of_folder(there_.path()).replace(u"Shop/"_s, u"Pondera/SHOP/"_s));
+}
+
+TEST_F(WebsiteImporting, WhatAKilledProgramLeftGoesWithTheNextImport) {
+    const auto entries = [this] {
+        return QDir(roots_.websites()).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    };
+    const auto kill = [](int done, int) -> bool {
+        done < 3 ? void() : _exit(0);
+        return true;
+    };
+    EXPECT_EXIT((void)import(there_.path(u"Shop"_s), kill), testing::ExitedWithCode(0), "");
+    ASSERT_EQ(entries().size(), 1);
+    ASSERT_TRUE(QDir(roots_.website(entries().first())).mkdir(u"protected"_s));
+    ASSERT_TRUE(QFile::setPermissions(roots_.website(entries().first() + u"/protected"_s), QFile::ReadOwner));
+    base_.put(u"Pondera/_new_own/a.txt"_s);
+    const auto import_meanwhile = [&](int done, int) { return done > 0 || import(there_.path(u"Shop"_s)).isEmpty(); };
+    EXPECT_EQ(import(there_.path(u"Shop"_s), import_meanwhile), u"");
+    EXPECT_EQ(entries(), QStringList({u"Shop"_s, u"_new_own"_s}));
 }
 
 TEST_F(WebsiteImporting, AFullOrWriteProtectedDiskLeavesNothingOfIt) {
