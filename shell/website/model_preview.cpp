@@ -68,9 +68,10 @@ void photograph_model(const Roots& roots, const QString& model) {
     view.settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
     view.settings()->setAttribute(QWebEngineSettings::ShowScrollBars, false);
     view.resize(kWindow);
-    view.show();
     for (const int card : interface_model_cards(roots, model)) {
         if (!load(view, interface_model_card(roots, model, card))) continue;
+        view.show();  // only now: a window that is there before its first page is made anew by it, and then on the
+                      // screen
         const QString path = interface_model_preview(roots, model, card);
         QDir().mkpath(QFileInfo(path).path());
         photograph(view).save(path);
