@@ -86,7 +86,7 @@ void MainForm::build_menu_bar() {
     actions_.action(u"Modo_edit"_s)->setCheckable(true);
     actions_.action(u"Modo_Browse"_s)->setCheckable(true);
 
-    recent_ = new QMenu(u"Rece&nt Websites"_s, this);
+    recent_ = new QMenu(u"&Recent Websites"_s, this);
     recent_->setObjectName("recent_websites"_L1);
     auto* file = menuBar()->findChild<QMenu*>(u"menu_file"_s);
     file->insertMenu(actions_.action(u"mnu_settings"_s), recent_);

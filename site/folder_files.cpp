@@ -38,7 +38,7 @@ class Collection {
         fs::directory_iterator entries(QFileInfo(path).filesystemFilePath(), error);
         for (; !error && entries != fs::directory_iterator(); entries.increment(error))
             add_entry(*entries, prefix, folders);
-        if (error) return std::unexpected(file_error_of(error, path));
+        if (error) return std::unexpected(file_error_of(error, QDir::cleanPath(path)));
         std::ranges::sort(folders);
         for (const QString& folder : folders)
             if (auto read = add_folder(folder); !read) return read;

@@ -21,10 +21,11 @@ const QString kMade = u"website"_s;
 const QString kBefore = u"before"_s;
 const QString kLock = u"in_use"_s;
 
-FileResult<void> move_folder(const QString& from, const QString& to) {
+/// Gives a folder another path; a fault tells of the Website, as the other one means nothing to a person.
+FileResult<void> move_folder(const QString& from, const QString& to, const QString& website) {
     std::error_code error;
     fs::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
-    if (error) return std::unexpected(file_error_of(error, to));
+    if (error) return std::unexpected(file_error_of(error, website));
     return {};
 }
 
@@ -95,10 +96,10 @@ FileResult<void> StagedWebsite::take_place(const QString& website) {
     const bool replaces = present.exists() || present.isSymLink();
     const QString aside = QDir(workshop_).filePath(kBefore);
     if (replaces)
-        if (auto moved = move_folder(website, aside); !moved) return moved;
-    auto moved = move_folder(folder(), website);
+        if (auto moved = move_folder(website, aside, website); !moved) return moved;
+    auto moved = move_folder(folder(), website, website);
     // What cannot go back stays where it is rather than being deleted.
-    if (!moved && replaces && !move_folder(aside, website)) workshop_.clear();
+    if (!moved && replaces && !move_folder(aside, website, website)) workshop_.clear();
     return moved;
 }
 
