@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-namespace fs = std::filesystem;
-
 const QString kMade = u"website"_s;
 const QString kBefore = u"before"_s;
 const QString kLock = u"in_use"_s;
@@ -24,19 +22,23 @@ const QString kLock = u"in_use"_s;
 /// Gives a folder another path; a fault tells of the Website, as the other one means nothing to a person.
 FileResult<void> move_folder(const QString& from, const QString& to, const QString& website) {
     std::error_code error;
-    fs::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
     if (error) return std::unexpected(file_error_of(error, website));
     return {};
 }
 
+/// Lets the owner of a folder, and of all folders in it, delete what they hold.
+void unprotect(const QString& path) {
+    QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QDir folder(path);
+    for (const QString& inner : folder.entryList(QDir::Dirs | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot))
+        unprotect(folder.filePath(inner));
+}
+
 /// Removes a folder with all in it, write-protected folders too; what links in it lead to stays.
 void remove_folder(const QString& path) {
-    const fs::path folder = QFileInfo(path).filesystemFilePath();
-    std::error_code ignored;
-    for (fs::recursive_directory_iterator entry(folder, ignored), end; entry != end; entry.increment(ignored))
-        if (entry->symlink_status(ignored).type() == fs::file_type::directory)
-            fs::permissions(entry->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
-    fs::remove_all(folder, ignored);
+    unprotect(path);
+    QDir(path).removeRecursively();
 }
 
 std::unique_ptr<QLockFile> lock_of(const QString& workshop) {
