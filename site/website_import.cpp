@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 #include "base/roots.h"
 #include "site/folder_files.h"
 #include "site/name_rules.h"
@@ -22,6 +24,15 @@ bool lies_in(const QString& folder, const QString& other) {
     return container.size() > 1 && (QFileInfo(folder).canonicalFilePath() + u'/').startsWith(container);
 }
 
+/// What of a folder's name keeps it from being a Website's, as no list would show it or no caption could; empty when
+/// nothing does.
+QString offending_part(const QString& name) {
+    if (name.startsWith(u'_') || name.startsWith(u'.')) return name.first(1);
+    if (is_reserved_folder(name)) return name;
+    const bool invisible = std::ranges::any_of(name, [](QChar c) { return c.category() == QChar::Other_Control; });
+    return invisible ? u"the invisible characters"_s : QString();
+}
+
 }  // namespace
 
 QStringList websites_in_folder(const QString& folder) {
@@ -37,8 +48,8 @@ std::expected<WebsiteImport, QString> plan_import(const Roots& roots, const QStr
     const QString home = QDir(import.folder).filePath(editing_copy_name(kHomePage));
     if (import.name.isEmpty() || !is_website(import.folder) || !lies_in(home, import.folder))
         return std::unexpected(u"This folder is not a Pondera VANTILE Website."_s);
-    if (is_reserved_folder(import.name))
-        return std::unexpected(invalid_name_message(import.name.startsWith(u'_') ? u"_"_s : import.name));
+    if (const QString offending = offending_part(import.name); !offending.isEmpty())
+        return std::unexpected(invalid_name_message(offending));
 
     const QString used = name_in_use(roots, import.name);
     if (used.isEmpty()) return import;

@@ -24,8 +24,8 @@ struct WebsiteImport {
 [[nodiscard]] QStringList websites_in_folder(const QString& folder);
 
 /// How a folder would be imported, or the message why it cannot be: it is no Website, its name is one of the folders
-/// beside the Websites, it is that Website already or lies in it, or something else has its name. The Website that is
-/// there keeps its spelling when the names differ in case only.
+/// beside the Websites or cannot be shown, it is that Website already or lies in it, or something else has its name.
+/// The Website that is there keeps its spelling when the names differ in case only.
 [[nodiscard]] std::expected<WebsiteImport, QString> plan_import(const Roots& roots, const QString& folder);
 
 /// What an import did.

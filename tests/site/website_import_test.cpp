@@ -62,7 +62,8 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
     base_.put(u"Pondera/Shop/çindex.htm"_s, "mine");
     base_.put(u"Pondera/Shop/copy/Shop/çindex.htm"_s, "mine");
     base_.put(u"Pondera/Leftover/a.txt"_s, "mine");
-    for (const QString& folder : {u"ftp"_s, u"_HELP"_s, u"Leftover"_s}) there_.put(folder + u"/çindex.htm"_s);
+    for (const QString& folder : {u"ftp"_s, u"_HELP"_s, u".shop"_s, u"two\nlines"_s, u"Leftover"_s})
+        there_.put(folder + u"/çindex.htm"_s);
     there_.put(u"Other/index.htm"_s);
     ASSERT_TRUE(QDir(there_.path()).mkdir(u"Borrowed"_s));
     ASSERT_TRUE(QFile::link(there_.path(u"Shop/çindex.htm"_s), there_.path(u"Borrowed/çindex.htm"_s)));
@@ -78,6 +79,8 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
         {u"/"_s, none},
         {there_.path(u"ftp"_s), u"Invalid name. Change ftp or choose another name."_s},
         {there_.path(u"_HELP"_s), u"Invalid name. Change _ or choose another name."_s},
+        {there_.path(u".shop"_s), u"Invalid name. Change . or choose another name."_s},
+        {there_.path(u"two\nlines"_s), u"Invalid name. Change the invisible characters or choose another name."_s},
         {there_.path(u"Leftover"_s), u"Name of the Website already used!"_s},
         {roots_.website(u"Shop"_s), itself},
         {roots_.website(u"Shop/../Shop/"_s), itself},
