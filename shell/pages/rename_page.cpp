@@ -1,5 +1,7 @@
 #include "shell/pages/rename_page.h"
 
+#include <QFileInfo>
+
 #include "shell/pages/frm_nuova_scheda.h"
 #include "site/name_rules.h"
 #include "site/page_group.h"
@@ -49,6 +51,12 @@ std::optional<QString> other_name(Workbench& workbench, const QString& page) {
     return name == name_to_rename(page) ? std::nullopt : std::optional(name);
 }
 
+/// Writes what is to be renamed: unsaved changes, and a page that another program removed.
+bool save_for_renaming(Workbench& workbench) {
+    EditingControl& editor = workbench.editor();
+    return (!editor.modified() && QFileInfo::exists(editor.document_path())) || workbench.save();
+}
+
 }  // namespace
 
 const Help& rename_page_help() {
@@ -63,7 +71,7 @@ void mnu_rinomina_pagina(Workbench& workbench) {
         return workbench.prompts().tell(
             u"The home page cannot be renamed: browsers look for it by the name index.htm."_s);
     const auto name = other_name(workbench, page);
-    if (!name || (workbench.editor().modified() && !workbench.save())) return;
+    if (!name || !save_for_renaming(workbench)) return;
 
     PageOutcome outcome;
     {

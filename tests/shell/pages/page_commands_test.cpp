@@ -171,6 +171,12 @@ TEST_F(PageCommands, RenamingIsRefusedOrDoesNothing) {
     prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"TRIPS"_s}));
     choose(u"mnu_rinomina_pagina"_s);
     EXPECT_EQ(page(), u"_4_TRIPS.htm");
+
+    for (const auto& file : {u"_4_TRIPS.htm"_s, u"§_4_TRIPS.htm"_s})
+        ASSERT_TRUE(QFile::remove(QDir(roots_.website(u"Club"_s)).filePath(file)));
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"Saved"_s}));
+    choose(u"mnu_rinomina_pagina"_s);
+    EXPECT_EQ(page(), u"_4_Saved.htm") << "what another program removed is still in the editor";
 }
 
 TEST_F(PageCommands, DeletingAsksInOrderAndCanBeLeftAtEachQuestion) {
