@@ -86,7 +86,6 @@ void frm_collegamento::build(const Selection& selection) {
     layout->setSpacing(10);
     layout->addWidget(on);
     layout->addLayout(kinds);
-    layout->addWidget(cards_, 1);
 
     add_card(kPageCard, u"link_to_page"_s, u"&Page or document"_s, page_card(), pages_);
     add_card(kFileCard, u"link_to_file"_s, u"&File from this computer"_s, file_card(), file_);
@@ -94,6 +93,7 @@ void frm_collegamento::build(const Selection& selection) {
     add_card(kPlaceCard, u"link_to_place"_s, u"P&lace on this page"_s, place_card(), places_);
     for (QAbstractButton* kind : kinds_->buttons()) kinds->addWidget(kind);
     kinds->addStretch(1);
+    layout->addWidget(cards_, 1);  // behind the kinds, for the Tab key too
     connect(kinds_, &QButtonGroup::idClicked, this, &frm_collegamento::show_card);
 
     auto* buttons = form_buttons(*this, [this] {
