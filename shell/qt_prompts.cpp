@@ -26,6 +26,11 @@ QIcon message_sign(MessageIcon icon) {
     return {};
 }
 
+/// The largest size with which a form and its title bar are on the screen.
+QSize room_for(const QDialog& form) {
+    return form.screen()->availableSize() - QSize(0, form.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
 QPushButton* add_button(QMessageBox& box, Answer answer) {
     switch (answer) {
         case Answer::kOk:
@@ -81,6 +86,7 @@ Answer QtPrompts::message(const Message& message) {
 
 bool QtPrompts::run(QDialog& form) {
     if (form.parentWidget() == nullptr && parent() != nullptr) form.setParent(parent(), form.windowFlags());
+    if (form.testAttribute(Qt::WA_Resized)) form.resize(form.size().boundedTo(room_for(form)));
     return form.exec() == QDialog::Accepted;
 }
 

@@ -38,7 +38,7 @@ PageList::PageList(QWidget* parent)
     list_->setUniformItemSizes(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_->setIconSize({18, 18});
-    list_->setMinimumSize(400, 200);
+    list_->setMinimumSize(400, 120);
     // The entry that has the focus must not look as if it were chosen.
     list_->setStyleSheet(
         u"QListView { outline: 0; } QListView::item { padding: 4px; } "

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -41,6 +42,16 @@ TEST(QtPromptsTest, ReturnGivesTheFirstAnswerAndEscTheHarmlessOne) {
         EXPECT_EQ(answer_to(answers, Qt::Key_Return), answers.first());
         EXPECT_EQ(answer_to(answers, Qt::Key_Escape), on_escape);
     }
+}
+
+TEST(QtPromptsTest, AFormIsNoLargerThanTheScreen) {
+    QtPrompts prompts;
+    QDialog form;
+    form.resize(4000, 3000);
+    QTimer::singleShot(0, &form, &QDialog::accept);
+    EXPECT_TRUE(prompts.run(form));
+    EXPECT_EQ(form.size().boundedTo(form.screen()->availableSize()), form.size());
+    EXPECT_EQ(form.width(), form.screen()->availableSize().width());
 }
 
 }  // namespace
