@@ -39,7 +39,7 @@ void salva_con_nome2(Workbench& workbench) {
                     .note = u"The Website is copied with all its pages and pictures; you go on working in the copy."_s,
                     .help = {u"/_HELP/_6_File Save As.htm"_s, u"Help - Save Website as"_s}},
                    [&](const QString& name) { return refusal_of(workbench.roots(), name); });
-    if (!workbench.prompts().run(form) || !save_changes(workbench)) return;
+    if (!workbench.prompts().run(form) || !workbench.may_leave_page()) return;
 
     const WebsiteCopy copy{workbench.website(), form.name()};
     const auto copied = [&] {

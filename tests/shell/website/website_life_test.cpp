@@ -93,7 +93,8 @@ TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
     change_page(u"my words"_s);
     prompts_.expect_form(u"Frm_Nuovo"_s, names(u"Save Website as"_s, {u"My Shop"_s, u"EMPTY"_s, u"Bakery"_s}))
         .expect_message(u"or Cancel the space after the name"_s)
-        .expect_message(u"Name of the Website already used!"_s);
+        .expect_message(u"Name of the Website already used!"_s)
+        .expect_message(u"unsaved changes"_s, Answer::kSave);
     choose(u"salva_con_nome2"_s);
     EXPECT_EQ(workbench().website(), u"Bakery");
     EXPECT_FALSE(workbench().editor().modified());
