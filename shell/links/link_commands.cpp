@@ -29,6 +29,13 @@ QString copy_fault_message(const FileError& error) {
     }
 }
 
+/// True when no words and no picture are selected, such as the end of a paragraph alone.
+bool is_empty(const Selection& selection) {
+    return selection.type == SelectionType::kNone ||
+           (selection.type == SelectionType::kText && selection.text.trimmed().isEmpty() &&
+            !selection.html.contains(u"<IMG"_s, Qt::CaseInsensitive));
+}
+
 /// True when the selection can become a link, or holds one that can be changed; else the person is told why not.
 bool may_link(Workbench& workbench, const Selection& selection) {
     if (selection.link_href.contains(u"esempio("_s) || selection.html.contains(u"esempio("_s) ||
@@ -37,7 +44,7 @@ bool may_link(Workbench& workbench, const Selection& selection) {
             u"It is not possible to change the link already existing.\nDelete the link to popup and create a new one."_s);
         return false;
     }
-    if (selection.type == SelectionType::kNone && selection.link_href.isEmpty()) {
+    if (is_empty(selection) && selection.link_href.isEmpty()) {
         workbench.prompts().tell(
             u"Select the words or the picture that the link is to stand on, or click into the link that you want to "
             "change."_s,
@@ -47,12 +54,15 @@ bool may_link(Workbench& workbench, const Selection& selection) {
     return true;
 }
 
+void tell_that_nothing_is_linked(Workbench& workbench) {
+    workbench.prompts().tell(
+        u"There is nothing in the selection that a link can stand on: select words or a picture."_s);
+}
+
 void link_to_address(Workbench& workbench, const QString& address) {
     EditingControl& editor = workbench.editor();
     editor.execute(EditCommand::kHyperlink, address);
-    if (editor.selection().link_href != address)
-        workbench.prompts().tell(
-            u"There is nothing in the selection that a link can stand on: select words or a picture."_s);
+    if (editor.selection().link_href != address) tell_that_nothing_is_linked(workbench);
 }
 
 void link_to_file(Workbench& workbench, const QString& file) {
@@ -67,7 +77,8 @@ void link_to_place(Workbench& workbench, int index) {
     const QList<PagePlace> places = editor.places();
     QStringList names;
     for (const PagePlace& place : places) names += place.name;
-    editor.link_to_place(index, free_anchor_name(places.value(index).text, names));
+    if (!editor.link_to_place(index, free_anchor_name(places.value(index).text, names)))
+        tell_that_nothing_is_linked(workbench);
 }
 
 bool is_editing(const Workbench& workbench) {

@@ -126,15 +126,15 @@ pondera.links = (() => {
 
     function linkWords(range, address) {
         const runs = runsOf(range);
+        if (!runs.length) return false;
         // A place that holds words gives them free: a link in it would be a link in a link.
         for (const place of document.body.querySelectorAll("a:not([href])")) {
             if (range.intersectsNode(place) && place.firstChild) place.after(...place.childNodes);
         }
         const links = runs.map(run => wrap(run, address));
-        if (links.length) {
-            const last = links[links.length - 1];
-            getSelection().setBaseAndExtent(links[0], 0, last, last.childNodes.length);
-        }
+        const last = links[links.length - 1];
+        getSelection().setBaseAndExtent(links[0], 0, last, last.childNodes.length);
+        return true;
     }
 
     function linkElement(element, address) {
@@ -148,22 +148,22 @@ pondera.links = (() => {
         setAddress(link, address);
     }
 
-    // Makes a link of what is selected, or changes the link around it.
+    // Makes a link of what is selected, or changes the link around it; false when nothing there can be a link.
     function set(address) {
         const element = selection.control();
         if (element) {
             linkElement(element, address);
-            return;
+            return true;
         }
         const range = selection.textRange();
         const link = selection.linkOf(range);
         const isAll = link && (link.contains(range.commonAncestorContainer) || link.textContent === range.toString());
         if (isAll) {
             setAddress(link, address);
-        } else {
-            pondera.merging.trimSelection();
-            linkWords(selection.textRange(), address);
+            return true;
         }
+        pondera.merging.trimSelection();
+        return linkWords(selection.textRange(), address);
     }
 
     // The links that are selected or that the caret stands in.

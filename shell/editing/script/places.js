@@ -4,6 +4,7 @@
 
 pondera.places = (() => {
     const kPlaces = "a[name]:not([name=pop]), a[id]";
+    const kArrows = "#F_Dex, #F_Sin";  // of a group of pages: nobody wants to link to them
     const kHeadings = "h1, h2, h3, h4, h5, h6";
     const kMarked = "a[name]:not([name=pop]):not([href]), a[id]:not([href]), :is(h1, h2, h3, h4, h5, h6)[id]";
 
@@ -29,7 +30,7 @@ pondera.places = (() => {
 
     function placeElements() {
         return [...document.body.querySelectorAll(kHeadings + ", [id], " + kPlaces)].filter(element =>
-            nameOf(element) ? !element.closest(kHeadings) || element.matches(kHeadings) : element.matches(kHeadings) && element.textContent.trim());
+            element.matches(kArrows) ? false : nameOf(element) ? !element.closest(kHeadings) || element.matches(kHeadings) : element.matches(kHeadings) && element.textContent.trim());
     }
 
     // A heading is called what it is named, or what the place in it is named.
@@ -44,12 +45,13 @@ pondera.places = (() => {
     function linkTo(index, name) {
         const element = placeElements()[index];
         if (!element || pondera.commands.status(5016) === 1) return false;
+        const own = nameOfPlace(element);
+        let linked = false;
         pondera.history.step("link", () => {
-            const own = nameOfPlace(element);
-            if (!own) element.id = name;
-            pondera.links.set("#" + addressOf(own || name));
+            linked = pondera.links.set("#" + addressOf(own || name));
+            if (linked && !own) element.id = name;
         });
-        return true;
+        return linked;
     }
 
     // The nodes that a caret stands between.

@@ -110,7 +110,8 @@ TEST_F(Links, AnElementAndTheLinksInIt) {
 TEST_F(Links, PlacesAreListedAndAHeadingGetsANameWithTheLink) {
     load_selected(
         u"<h1>Our  <i>trips</i></h1><p><a name=sea></a>By the sea</p><h2><a name=mountain>Up</a></h2><h3> </h3>"
-        "<p><a href=\"javascript:esempio('_x_a.htm')\" name=pop>p</a> [read] <span id=DEX></span>on</p>"_s);
+        "<p><a href=\"javascript:esempio('_x_a.htm')\" name=pop>p</a> [read] <span id=DEX></span>on</p>"
+        "<a href=o.htm><img id=F_Dex src=f.gif></a>"_s);
     QStringList places;
     for (const PagePlace& place : editor_.places())
         places += u"%1 %2 %3"_s.arg(place.heading).arg(place.name, place.text);
@@ -124,6 +125,10 @@ TEST_F(Links, PlacesAreListedAndAHeadingGetsANameWithTheLink) {
     EXPECT_TRUE(editor_.link_to_place(2, u"unused"_s));
     EXPECT_TRUE(text().contains(u"<A href=\"#mountain\">read</A>"_s)) << text().toStdString();
     EXPECT_FALSE(editor_.link_to_place(9, u"x"_s));
+
+    load_selected(u"<h1><a id=n>one[</a></h1><h2>]two</h2>"_s);
+    EXPECT_FALSE(editor_.link_to_place(1, u"two"_s)) << "the end of a paragraph is nothing that can be a link";
+    EXPECT_EQ(text(), u"<H1><A id=n>one</A></H1><H2>two</H2>"_s);
 }
 
 TEST_F(Links, PlacesAreNamedRenamedAndTakenAway) {
