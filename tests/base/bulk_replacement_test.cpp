@@ -4,15 +4,9 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-QStringList files_in(const TestFolder& folder) {
+static QStringList files_in(const TestFolder& folder) {
     return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
-
-}  // namespace
 
 TEST(BulkReplacement, WritesFilesWhereTheyAre) {
     const TestFolder folder;

@@ -7,8 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(Files, FullDiskIsNoticedAndLeavesTheOldFile) {
     const SmallDisk disk;
     if (!disk.mounted()) GTEST_SKIP() << "mounting a small disk needs root";

@@ -6,8 +6,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(Roots, FixedPathsLieBelowTheBaseFolder) {
     const Roots roots(u"/home/ann/Pondera_Folder/"_s);
     const auto native = [&](const QString& fixed) { return roots.native(fixed); };

@@ -8,8 +8,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(TextFile, EncodingIsReadFromTheBytes) {
     using enum TextEncoding;
     const std::vector<std::tuple<QByteArray, QString, TextEncoding>> cases{

@@ -4,8 +4,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(ImageSize, OnlyTheImageMeantIsResized) {
     const auto image = [](const QString& name, const QString& place, const QString& size = u"5px; HEIGHT: 6px"_s) {
         return u"<IMG style=\"%2; TOP: 20px; WIDTH: %3\" name=%1 src=\"a\">"_s.arg(name, place, size);

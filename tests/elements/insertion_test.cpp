@@ -8,8 +8,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(StackingLevel, NextFreeLevelIsHighestPlusOne) {
     expect_results(
         FzIndex,

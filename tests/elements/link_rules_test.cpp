@@ -4,8 +4,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(LinkAddress, IsCompletedAndEncoded) {
     expect_results([](const QString& typed) { return address_from_typed(typed).value_or(u"(refused)"_s); },
                    {u" www.x.org  → https://www.x.org", u"x.org/a b?c=d e#f → https://x.org/a%20b?c=d%20e#f",

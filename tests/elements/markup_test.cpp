@@ -5,8 +5,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(Markup, ToleratedTagSpellingsBecomeUpperCase) {
     expect_results(normalise_tags, {u"<a href=x>t</a><body><Body><span><Span><div><Div><font><Font><img><Img><iMg>"
                                     u" → <A href=x>t</a><BODY><BODY><SPAN><SPAN><DIV><DIV><FONT><FONT><IMG><IMG><iMg>",

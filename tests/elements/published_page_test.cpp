@@ -6,8 +6,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 static PublishedPage convert(const QString& text, const QList<ExpansionStep>& expansions = {}) {
     static const Roots roots(u"/home/ann/Pondera_Folder"_s);
     return convert_page(text, {.roots = roots, .website = u"Caff\u00e8"_s, .expansions = expansions, .progress = {}});

@@ -8,19 +8,13 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// What is broken: "file: address #number reason" a line.
-QString broken(const QString& website_folder) {
+static QString broken(const QString& website_folder) {
     QStringList lines;
     for (const BrokenLink& link : broken_links(website_folder).broken)
         lines += u"%1: %2 #%3 %4"_s.arg(link.file, link.address).arg(link.number).arg(link.reason);
     return lines.join(u'\n');
 }
-
-}  // namespace
 
 TEST(BrokenLinks, AreFoundWithTheirPlaceAndReason) {
     const TestFolder root;

@@ -7,8 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// A folder "Net" with a web page and what belongs to it, and the Website "Shop".
 class ExternalPages : public testing::Test {
   protected:

@@ -7,8 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 class FirstStart : public testing::Test {
   protected:
     [[nodiscard]] FileResult<void> start() const { return install_shipped_files(shipped_.path(), roots_); }

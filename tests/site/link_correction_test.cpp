@@ -5,8 +5,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(LinkCorrection, OnlyLinksToMovedPagesFollow) {
     const auto corrected = [](const QString& page) {
         return with_corrected_links(page,

@@ -5,8 +5,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(MediaFiles, CleanNamesWorkAsLinksEverywhere) {
     expect_results([](const QString& name) { return clean_file_name(name); },
                    {u"Città di  Çatal.JPG → Citta-di-Catal.JPG", u"100% \"best\" #1 <§>.png → 100-best-1.png",

@@ -4,8 +4,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 const QString kLength = u"Choose a name with at least 3 characters and maximum 63"_s;
 const QString kPageWords = u"Invalid page name. Do not type words used in the name of other pages of the Website."_s;
 

@@ -8,8 +8,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 static std::map<QString, QByteArray> contents_of(const TestFolder& folder) {
     std::map<QString, QByteArray> contents;
     for (const QString& name : QDir(folder.path()).entryList(QDir::Files)) contents[name] = folder.bytes(name);

@@ -1,8 +1,8 @@
 #include "site/page_name.h"
 
-namespace pondera {
+#include "tests/support/qt_text.h"
 
-using namespace Qt::StringLiterals;
+namespace pondera {
 
 TEST(PageName, FileNamesAreReadAsAPersonSeesThem) {
     using enum PageKind;

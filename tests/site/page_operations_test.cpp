@@ -15,8 +15,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// A Website "Shop" made from a shipped model.
 class PageOperations : public testing::Test {
   protected:

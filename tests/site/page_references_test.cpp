@@ -4,8 +4,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// What the references say, as they stand in the text when that differs.
 static QString shown(const QString& text, const QList<PageReference>& references) {
     QStringList addresses;

@@ -8,14 +8,10 @@
 #include "site/page_name.h"
 #include "site/page_operations.h"
 #include "site/website_listing.h"
-#include "tests/support/print_qt.h"
+#include "tests/support/qt_text.h"
 #include "tests/support/test_folder.h"
 
 namespace pondera {
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 /// A Website in which every page has a number of its own in its text and every link tells the number of the page that
 /// it is meant to lead to, so that links can be checked by reading the files alone.
@@ -179,8 +175,6 @@ class NumberedWebsite {
     int names_ = 0;
     int numbers_ = 0;
 };
-
-}  // namespace
 
 TEST(RandomOperations, BreakNoLink) {
     NumberedWebsite website(2003);

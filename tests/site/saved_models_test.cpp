@@ -11,8 +11,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// The models that the program ships with, and a Website "Shop" whose cards show pictures of its own.
 class SavedModels : public testing::Test {
   protected:

@@ -8,17 +8,11 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 const Roots kRoots(u"/home/me/Pondera_Folder"_s);
 
-QString home_text(const QString& text) {
+static QString home_text(const QString& text) {
     return text_of_copy(u"çindex.htm"_s, text, {u"Café"_s, u"2Bar"_s}, kRoots);
 }
-
-}  // namespace
 
 TEST(WebsiteCopy, TitlesAndAddressesNameTheNewWebsite) {
     expect_results(home_text,

@@ -12,8 +12,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// A base folder as the first start leaves it, with what the program really ships.
 class WebsiteCreation : public testing::Test {
   protected:

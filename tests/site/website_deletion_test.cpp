@@ -9,8 +9,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// A Website "Shop" beside a folder with something precious.
 class WebsiteDeletion : public testing::Test {
   protected:

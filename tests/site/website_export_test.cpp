@@ -11,8 +11,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 class WebsiteExporting : public testing::Test {
   protected:
     void SetUp() override {

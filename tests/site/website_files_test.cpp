@@ -6,8 +6,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 static QString refusal(const TestFolder& folder, const QString& file) {
     return refusal_of_file_deletion(folder.path(file), folder.path(u"Shop"_s)).value_or(u"may go"_s);
 }

@@ -13,8 +13,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// A Website "Shop" in a folder elsewhere, and the person's own Websites.
 class WebsiteImporting : public testing::Test {
   protected:

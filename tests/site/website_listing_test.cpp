@@ -5,8 +5,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 TEST(WebsiteListing, WebsitesAreFoldersWithAnEditedHomePage) {
     const TestFolder base;
     const Roots roots(base.path());

@@ -12,8 +12,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 std::string FormHand::missing(const QString& what) const {
     return u"the form %1 shows no %2"_s.arg(form_.objectName(), what).toStdString();
 }

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/qt_text.h"
 #include "workbench/prompts.h"
 
 namespace pondera {

@@ -4,12 +4,8 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// Whether the form was confirmed by a person who does with it what `fill` says.
-bool confirmed(const ScriptedPrompts::Filler& fill) {
+static bool confirmed(const ScriptedPrompts::Filler& fill) {
     QDialog form;
     form.setObjectName(u"AskingForm"_s);
     return ScriptedPrompts().expect_form(u"AskingForm"_s, fill).run(form);
@@ -23,7 +19,5 @@ TEST(ScriptedPrompts, WhatIsNotInTheScriptFailsTheTest) {
     EXPECT_NONFATAL_FAILURE(EXPECT_FALSE(confirmed([](const FormHand&) {})), "AskingForm was left open");
     EXPECT_NONFATAL_FAILURE(confirmed([](const FormHand& form) { form.click(u"OKButton"_s); }), "shows no OKButton");
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 
-#include "tests/support/print_qt.h"
+#include "tests/support/qt_text.h"
 
 namespace pondera {
 

@@ -7,6 +7,7 @@
 
 #include "base/files.h"
 #include "base/text_file.h"
+#include "tests/support/qt_text.h"
 
 namespace pondera {
 

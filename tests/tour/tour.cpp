@@ -17,10 +17,7 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
-
-namespace {
 
 TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     const auto installed = install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR) + u"/system"_s, roots_);
@@ -141,7 +138,5 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     EXPECT_EQ(window_->workbench().page(), u"index.htm"_s);
     EXPECT_FALSE(editor_->modified());
 }
-
-}  // namespace
 
 }  // namespace pondera

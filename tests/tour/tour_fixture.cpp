@@ -11,8 +11,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 Tour::Tour() : settings_(u"Pondera"_s, u"Pondera"_s), roots_(Roots::of_user()) {
     settings_.beginGroup("Parametri"_L1);
 }

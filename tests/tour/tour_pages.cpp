@@ -9,8 +9,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// Goes on with the Website that the tour before made.
 TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     ASSERT_NO_FATAL_FAILURE(open_window());

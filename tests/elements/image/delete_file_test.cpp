@@ -4,8 +4,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// The Website "Shop" with pictures: "used.gif" on its home page, "unsaved.gif" on the page in the editor, two unused.
 class DeleteFile : public WindowFixture {
   protected:

@@ -7,8 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// The home page of the Website "Shop", and a folder with pictures beside it.
 class ImageCommands : public WindowFixture {
   protected:

@@ -4,16 +4,10 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 class DocumentText : public EditingFixture {};
 
 TEST_F(DocumentText, IsSpelledAsTheRulesSearchForIt) {
-    const struct {
-        QString written, read;
-    } cases[] = {
+    const std::vector<std::pair<QString, QString>> cases{
         {u"<img name=\"mn1\" src='a b.gif' border=\"0\">"_s, u"<IMG name=mn1 src=\"a b.gif\" border=0>"_s},
         {u"<p>plain</p>"_s, u"\n<P>plain</P>"_s},
         {u"<img style=\"position: absolute; left: 100; top: 100; z-index: 1010;\">"_s,
@@ -29,7 +23,7 @@ TEST_F(DocumentText, IsSpelledAsTheRulesSearchForIt) {
         {u"<!-- photo-show --><hr noshade>"_s, u"<!-- photo-show -->\n<HR noshade=\"\">"_s},
     };
     for (const auto& [written, read] : cases) {
-        load(u"<html><head></head><body>"_s + written + u"</body></html>"_s);
+        load_body(written);
         EXPECT_EQ(body(), read);
     }
 }
@@ -86,10 +80,7 @@ TEST_F(DocumentText, KeepsTheEncodingOfTheFile) {
 
 TEST_F(DocumentText, RefusesWhatIsNoPageAndKeepsTheOneItHas) {
     load(u"<body>kept</body>"_s);
-    const struct {
-        QByteArray bytes;
-        FaultNumber fault;
-    } cases[] = {
+    const std::vector<std::pair<QByteArray, FaultNumber>> cases{
         {QByteArray("<html><frameset cols=*><frame src=a.htm></frameset></html>"), FaultNumber::kFrameset},
         {QByteArray("<%@ page %><% for (;;) { out.print(\"rather long\"); } %><p>a</p>"), FaultNumber::kServerScript},
         {QByteArray("GIF89a\0\0\1", 9), FaultNumber::kBinary},
@@ -147,7 +138,5 @@ TEST_F(DocumentText, ReplacedAsAWholeIsOneStep) {
     EXPECT_TRUE(editor_.execute(EditCommand::kRedo));
     EXPECT_EQ(editor_.text(), after);
 }
-
-}  // namespace
 
 }  // namespace pondera

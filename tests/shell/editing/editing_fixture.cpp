@@ -1,6 +1,9 @@
 #include "tests/shell/editing/editing_fixture.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QImage>
+#include <QMimeData>
 #include <QTest>
 #include <QWebEngineScript>
 #include <QWebEngineView>
@@ -8,8 +11,6 @@
 #include <optional>
 
 namespace pondera {
-
-using namespace Qt::StringLiterals;
 
 void EditingFixture::SetUp() {
     editor_.resize(900, 700);
@@ -21,6 +22,33 @@ void EditingFixture::load(const QString& page, const QString& name) {
     ASSERT_TRUE(write_text_file(path(name), page, TextEncoding::kUtf8));
     ASSERT_TRUE(editor_.load_document(path(name)));
     editor_.view()->setFocus();
+    settle();
+}
+
+void EditingFixture::load_body(const QString& markup) {
+    load(u"<html><head></head><body>"_s + markup + u"</body></html>"_s);
+}
+
+void EditingFixture::load_selected(const QString& markup) {
+    load_body(markup);
+    evaluate(
+        uR"((() => {
+        const place = mark => {
+            const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
+            for (let n = walker.nextNode(); n; n = walker.nextNode()) {
+                const at = n.data.indexOf(mark);
+                if (at < 0) continue;
+                n.deleteData(at, 1);
+                if (n.data) return [n, at];
+                const own = [n.parentNode, [...n.parentNode.childNodes].indexOf(n)];
+                n.remove();
+                return own;
+            }
+        };
+        const from = place("|") || place("["), to = place("]") || from;
+        getSelection().setBaseAndExtent(...from, ...to);
+        pondera.history.reset();
+    })())"_s);
     settle();
 }
 
@@ -52,13 +80,15 @@ void EditingFixture::double_click(QPoint place) {
 void EditingFixture::drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers) {
     QWidget* view = editor_.view()->focusProxy();
     QTest::mousePress(view, Qt::LeftButton, modifiers, from);
-    for (int step = 1; step <= 4; ++step) {
-        const QPoint place = from + (to - from) * step / 4;
-        QMouseEvent move(QEvent::MouseMove, place, view->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, modifiers);
-        QCoreApplication::sendEvent(view, &move);
-        settle();
-    }
+    for (int step = 1; step <= 4; ++step) move_mouse(from + (to - from) * step / 4, Qt::LeftButton, modifiers);
     QTest::mouseRelease(view, Qt::LeftButton, modifiers, to);
+    settle();
+}
+
+void EditingFixture::move_mouse(QPoint place, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers) {
+    QWidget* view = editor_.view()->focusProxy();
+    QMouseEvent move(QEvent::MouseMove, place, view->mapToGlobal(place), Qt::NoButton, held, modifiers);
+    QCoreApplication::sendEvent(view, &move);
     settle();
 }
 
@@ -110,6 +140,13 @@ void EditingFixture::select_text(const QString& text) {
     const QString quoted = u"\""_s + QString(text).replace(u"\""_s, u"\\\""_s) + u"\""_s;
     ASSERT_TRUE(evaluate(script.arg(quoted).arg(text.size())).toBool()) << qPrintable(text);
     settle();
+}
+
+void EditingFixture::put_on_clipboard(const QString& html, const QString& text) {
+    auto* data = new QMimeData;
+    if (!html.isEmpty()) data->setHtml(html);
+    data->setText(text);
+    QApplication::clipboard()->setMimeData(data);
 }
 
 QString EditingFixture::body() {

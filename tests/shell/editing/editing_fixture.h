@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/editing/dhtml_edit.h"
+#include "tests/support/qt_text.h"
 
 namespace pondera {
 
@@ -16,12 +17,19 @@ class EditingFixture : public testing::Test {
     /// Writes `page` to a file of the folder and loads it.
     void load(const QString& page, const QString& name = QStringLiteral("page.htm"));
 
+    /// Loads a page with that body.
+    void load_body(const QString& markup);
+
+    /// Loads a body in which "[" and "]" stand at the ends of the selection ("|": the caret), and selects that.
+    void load_selected(const QString& markup);
+
     /// Writes a plain coloured PNG of that size into the folder.
     void make_picture(const QString& name, QSize size);
 
     void click(QPoint place, Qt::KeyboardModifiers modifiers = {});
     void double_click(QPoint place);
     void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {});
+    void move_mouse(QPoint place, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {});
     void type(const QString& text);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 
@@ -34,8 +42,13 @@ class EditingFixture : public testing::Test {
     /// Selects the letters of the first text node that holds `text`, as a drag over them does.
     void select_text(const QString& text);
 
+    static void put_on_clipboard(const QString& html, const QString& text);
+
     /// The markup inside BODY.
     QString body();
+
+    /// The body without the line breaks that its spelling puts before blocks.
+    QString text() { return body().remove(u'\n'); }
 
     QString path(const QString& name) const { return folder_.filePath(name); }
 

@@ -1,17 +1,11 @@
-#include <QApplication>
-#include <QClipboard>
-#include <QMimeData>
 #include <QWebEngineView>
 
 #include <random>
+#include <ranges>
 
 #include "tests/shell/editing/editing_fixture.h"
 
 namespace pondera {
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 const QString kPage =
     u"<html><head><title>t</title></head><body bgcolor=white>\n<p>one two <b>bold</b> three <font "
@@ -80,17 +74,8 @@ class History : public EditingFixture {
     }
 
     void paste(const QString& html) {
-        auto* data = new QMimeData;
-        if (!html.isEmpty()) data->setHtml(html);
-        data->setText(u"line 1\nline 2"_s);
-        QApplication::clipboard()->setMimeData(data);
+        put_on_clipboard(html, u"line 1\nline 2"_s);
         editor_.execute(EditCommand::kPaste);
-    }
-
-    int undo_all() {
-        int steps = 0;
-        while (editor_.execute(EditCommand::kUndo)) ++steps;
-        return steps;
     }
 };
 
@@ -104,60 +89,47 @@ TEST_F(History, WhateverIsDoneComesBackAndGoesAgainByteForByte) {
         while (editor_.execute(EditCommand::kRedo)) {
         }
         const QString last = editor_.text();
-        const int steps = undo_all();
-        ASSERT_EQ(editor_.text(), start) << "seed " << seed;
-        for (int i = 0; i < steps; ++i) ASSERT_TRUE(editor_.execute(EditCommand::kRedo));
-        ASSERT_EQ(editor_.text(), last) << "seed " << seed;
+        QStringList texts{last};
+        while (editor_.execute(EditCommand::kUndo)) texts += editor_.text();
+        ASSERT_EQ(texts.takeLast(), start) << "seed " << seed;
+        for (const QString& text : texts | std::views::reverse) {
+            ASSERT_TRUE(editor_.execute(EditCommand::kRedo));
+            ASSERT_EQ(editor_.text(), text) << "seed " << seed;
+        }
         load(last);
         ASSERT_EQ(editor_.text(), last) << "read again, seed " << seed;
     }
 }
 
 TEST_F(History, BoxesKeepTheirBorders) {
-    const struct {
-        const char* caret;
-        Qt::Key key;
-        QString text;
-    } cases[] = {
-        {"document.querySelector('p').firstChild, 6", Qt::Key_Delete, u"<P>beforeafter</P>"_s},
-        {"document.querySelector('div').firstChild, 0", Qt::Key_Backspace, u"words here</DIV>"_s},
-        {"document.querySelector('div').firstChild, 10", Qt::Key_Delete, u"words here</DIV>"_s},
-        {"document.querySelectorAll('p')[1].firstChild, 0", Qt::Key_Backspace, u"<P>beforeafter</P>"_s},
-        {"document.querySelector('div').firstChild, 5", Qt::Key_Return, u"words<BR>&nbsp;here</DIV>"_s},
+    const QString box = u"<DIV name=bx style=\"POSITION: absolute; LEFT: 90px; TOP: 90px\">%1</DIV>"_s;
+    const std::vector<std::tuple<QString, Qt::Key, QString>> cases{
+        {u"<P>before|</P>%1<P>after</P>"_s.arg(box.arg(u"words"_s)), Qt::Key_Delete, u"<P>beforeafter</P>"_s},
+        {u"<P>before</P>%1"_s.arg(box.arg(u"|words"_s)), Qt::Key_Backspace, u"words</DIV>"_s},
+        {box.arg(u"words|"_s) + u"<P>after</P>"_s, Qt::Key_Delete, u"words</DIV>"_s},
+        {u"<P>before</P>%1<P>|after</P>"_s.arg(box.arg(u"words"_s)), Qt::Key_Backspace, u"<P>beforeafter</P>"_s},
+        {box.arg(u"words| here"_s), Qt::Key_Return, u"words<BR>&nbsp;here</DIV>"_s},
     };
-    for (const auto& [caret, pressed, text] : cases) {
-        load(
-            u"<body><p>before</p><div name=bx style=\"POSITION: absolute; LEFT: 90px; TOP: 90px\">words here</div><p>after</p></body>"_s);
-        evaluate(u"getSelection().collapse(%1)"_s.arg(QLatin1String(caret)));
+    for (const auto& [page, pressed, expected] : cases) {
+        load_selected(page);
         key(pressed);
-        EXPECT_EQ(body().count(u"<DIV"_s), 1) << caret;
-        EXPECT_TRUE(body().contains(text)) << caret << ": " << qPrintable(body());
+        EXPECT_EQ(text().count(u"<DIV"_s), 1) << page.toStdString();
+        EXPECT_TRUE(text().contains(expected)) << page.toStdString() << ": " << text().toStdString();
     }
 }
 
 TEST_F(History, BlocksAndLinksThatCannotStandWithinOthersAreParted) {
-    const struct {
-        const char* page;
-        EditCommand command;
-        QVariant value;
-    } cases[] = {
-        {"one<br>two<br>three", EditCommand::kJustifyCenter, {}},
-        {"one <a href=x>two</a> three", EditCommand::kInsertTable, u"1x1"_s},
-    };
-    for (const auto& [page, command, value] : cases) {
-        load(u"<body><p>%1</p></body>"_s.arg(QLatin1String(page)));
-        select_text(u"two"_s);
-        EXPECT_TRUE(editor_.execute(command, value));
+    for (const auto& [page, command] : {std::pair{u"<p>one<br>[two]<br>three</p>"_s, EditCommand::kJustifyCenter},
+                                        {u"<p>one <a href=x>[two]</a> three</p>"_s, EditCommand::kInsertTable}}) {
+        load_selected(page);
+        EXPECT_TRUE(editor_.execute(command, u"1x1"_s));
         const QString text = editor_.text();
         load(text);
         EXPECT_EQ(editor_.text(), text);
     }
-    load(u"<body><p>one <a href=x>two words</a></p></body>"_s);
-    select_text(u"words"_s);
+    load_selected(u"<p>one <a href=x>two [words]</a></p>"_s);
     paste(u"<a href=\"http://y/\">in</a>"_s);
-    EXPECT_EQ(body(), u"\n<P>one <A href=\"x\">two&nbsp;</A><A href=\"http://y/\">in</A></P>"_s);
+    EXPECT_EQ(text(), u"<P>one <A href=\"x\">two&nbsp;</A><A href=\"http://y/\">in</A></P>"_s);
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -3,41 +3,8 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 class Links : public EditingFixture {
   protected:
-    void load_body(const QString& markup) { load(u"<html><head></head><body>"_s + markup + u"</body></html>"_s); }
-
-    /// Loads a body in which "[" and "]" stand at the ends of the selection ("|": the caret), and selects that.
-    void load_selected(const QString& markup) {
-        load_body(markup);
-        evaluate(
-            uR"((() => {
-            const place = mark => {
-                const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
-                for (let n = walker.nextNode(); n; n = walker.nextNode()) {
-                    const at = n.data.indexOf(mark);
-                    if (at < 0) continue;
-                    n.deleteData(at, 1);
-                    if (n.data) return [n, at];
-                    const own = [n.parentNode, [...n.parentNode.childNodes].indexOf(n)];
-                    n.remove();
-                    return own;
-                }
-            };
-            const from = place("|") || place("["), to = place("]") || from;
-            getSelection().setBaseAndExtent(...from, ...to);
-            pondera.history.reset();
-        })())"_s);
-        settle();
-    }
-
-    /// The body without the line breaks that its spelling puts before blocks.
-    QString text() { return body().remove(u'\n'); }
-
     /// What a command makes of a selection, which is one step; links to x.htm are shown as "<X>".
     QString after(const QString& page, EditCommand command) {
         load_selected(page);
@@ -187,33 +154,23 @@ TEST_F(Links, AnAddressIsShownWhereItStands) {
         "<img name=mapped src=a.png usemap=#m><map name=m><area href=area.htm></map><map name=i><area "
         "href=idle.htm></map><video name=film><source src=film.mp4></video>"
         "<img name=pos src=lost.gif style=\"position:absolute; left:10px; top:4000px\"></body></html>"_s);
-    struct {
-        QString address;
-        int number;
-        AddressShown shown;
-        QString selected;
-    } const cases[]{
-        {u"gone.htm"_s, 0, AddressShown::kShown, u"first"_s},  {u"gone.htm"_s, 1, AddressShown::kShown, u"second"_s},
-        {u"gone.htm"_s, 2, AddressShown::kShown, u"third"_s},  {u"gone.htm"_s, 3, AddressShown::kMissing, {}},
-        {u"b.gif"_s, 0, AddressShown::kShown, u"third"_s},     {u"lost.gif"_s, 0, AddressShown::kShown, u"pos"_s},
-        {u"none.css"_s, 0, AddressShown::kHidden, {}},         {u"gone.gif"_s, 0, AddressShown::kHidden, {}},
-        {u"back.gif"_s, 0, AddressShown::kHidden, {}},         {u"gone"_s, 0, AddressShown::kMissing, {}},
-        {u"area.htm"_s, 0, AddressShown::kShown, u"mapped"_s}, {u"idle.htm"_s, 0, AddressShown::kHidden, {}},
-        {u"film.mp4"_s, 0, AddressShown::kShown, u"film"_s},
-    };
-    for (const auto& [address, number, shown, selected] : cases) {
-        EXPECT_EQ(editor_.show_address(address, number), shown) << address.toStdString() << number;
-        if (shown != AddressShown::kShown) continue;
-        const Selection selection = editor_.selection();
-        EXPECT_EQ(selection.element ? selection.element->name : selection.text, selected) << address.toStdString();
-    }
+    expect_results(
+        [this](const QString& row) {
+            const AddressShown shown = editor_.show_address(row.section(u' ', 0, 0), row.section(u' ', 1).toInt());
+            if (shown == AddressShown::kMissing) return u"(missing)"_s;
+            if (shown == AddressShown::kHidden) return u"(hidden)"_s;
+            const Selection selection = editor_.selection();
+            return selection.element ? selection.element->name : selection.text;
+        },
+        {u"gone.htm 0 → first", u"gone.htm 1 → second", u"gone.htm 2 → third", u"gone.htm 3 → (missing)",
+         u"b.gif 0 → third", u"lost.gif 0 → pos", u"none.css 0 → (hidden)", u"gone.gif 0 → (hidden)",
+         u"back.gif 0 → (hidden)", u"gone 0 → (missing)", u"area.htm 0 → mapped", u"idle.htm 0 → (hidden)",
+         u"film.mp4 0 → film"});
     EXPECT_EQ(editor_.show_address(u"g.htm"_s, 0), AddressShown::kShown);
     EXPECT_EQ(editor_.selection().element.value_or(SelectedElement()).src, u"a.png"_s);
     editor_.show_address(u"lost.gif"_s, 0);
     EXPECT_GT(evaluate(u"scrollY"_s).toInt(), 3000);
     EXPECT_FALSE(editor_.modified());
 }
-
-}  // namespace
 
 }  // namespace pondera

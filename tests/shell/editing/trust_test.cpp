@@ -15,10 +15,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 class Trust : public EditingFixture {
   protected:
     // The places of all named pictures in a page file, as Debian's Chromium shows it in a window as wide as the
@@ -134,7 +130,5 @@ TEST_F(Trust, AnEngineThatDiesLosesNothing) {
     EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
     EXPECT_EQ(body(), u"\n<P>text</P>"_s);
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -12,10 +12,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// The page "Trips" of the Website "Shop", and files of the person's beside the Websites.
 class LinkCommands : public WindowFixture {
   protected:
@@ -65,7 +61,7 @@ class LinkCommands : public WindowFixture {
     [[nodiscard]] QString path(const QString& name) const { return home_.filePath(name); }
 };
 
-QString linked(const QString& address) {
+static QString linked(const QString& address) {
     return u"<P><A href=\"%1\">one</A></P>"_s.arg(address);
 }
 
@@ -208,7 +204,5 @@ TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
     prompts_.expect_message(u"There are no broken links.\nChecked: 1 link on 3 pages."_s);
     choose(u"mnu_link_rotti"_s);
 }
-
-}  // namespace
 
 }  // namespace pondera

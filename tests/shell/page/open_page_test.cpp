@@ -7,10 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 using testing::AllOf;
 using testing::HasSubstr;
 
@@ -180,7 +176,5 @@ TEST_F(OpenPageTest, APublishedPageThatCannotBeWrittenIsTold) {
     EXPECT_TRUE(page_.Salvataggio_Doc_Cor());
     EXPECT_FALSE(editor_.modified());
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -6,10 +6,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// A page as browsers save it, with its folder beside it.
 const QByteArray kSavedPage = R"page(<!DOCTYPE html>
 <!-- saved from url=(0026)https://travel.example/sea -->
@@ -124,7 +120,5 @@ TEST_F(ExternalPageCommand, UnsavedChangesAreAskedAboutOnceAndFirst) {
     choose(u"mnu_pag_esterna"_s);
     EXPECT_EQ(page(), u"_y_By-the-sea.htm");
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -9,10 +9,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 const QString kAdd = u"Would you like to add a page ?"_s;
 const QString kSure = u"Are you sure you want to delete a page ?"_s;
 const QString kNoWayBack =
@@ -83,7 +79,7 @@ class PageCommands : public WindowFixture {
 };
 
 /// Types names one after the other; the last one is taken.
-ScriptedPrompts::Filler type_names(const QStringList& names) {
+static ScriptedPrompts::Filler type_names(const QStringList& names) {
     return [names](const FormHand& form) {
         form.photograph(form.form().windowTitle());
         for (const QString& name : names) form.type(u"txtName"_s, name).click(u"OKButton"_s);
@@ -92,7 +88,7 @@ ScriptedPrompts::Filler type_names(const QStringList& names) {
 
 const auto kCancelled = [](const FormHand& form) { form.click(u"CancelButton"_s); };
 
-ScriptedPrompts::Filler pick(const QString& entry) {
+static ScriptedPrompts::Filler pick(const QString& entry) {
     return [entry](const FormHand& form) { form.double_click(u"list"_s, entry); };
 }
 
@@ -267,7 +263,5 @@ TEST_F(PageCommands, TheTreeOffersWhatFits) {
     EXPECT_EQ(tree_menu(u"Trips"_s), u"tree_open (Add_Pag) (mnu_rinomina_pagina) (mnu_treedelete) (mnu_treelink)");
     press_in_tree(u"Trips"_s, Qt::Key_Delete);
 }
-
-}  // namespace
 
 }  // namespace pondera

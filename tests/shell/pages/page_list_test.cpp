@@ -7,10 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// The page list over the Website "Shop", which also has pages to be counted and documents.
 class PageListForm : public WindowFixture {
   protected:
@@ -71,7 +67,5 @@ TEST_F(PageListForm, WantsAChoice) {
     };
     EXPECT_EQ(chosen(PageListMode::kCollega, nothing_chosen), u"(cancelled)");
 }
-
-}  // namespace
 
 }  // namespace pondera

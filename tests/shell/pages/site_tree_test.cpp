@@ -7,10 +7,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// The tree of a Website with a group of pages.
 class SiteTreeTest : public WindowFixture {
   protected:
@@ -93,7 +89,5 @@ TEST_F(SiteTreeTest, TwoThousandPagesAreShownInATenthOfASecond) {
     EXPECT_LT(clock.elapsed(), 100);
     EXPECT_EQ(tree().verticalScrollBar()->value(), scrolled);
 }
-
-}  // namespace
 
 }  // namespace pondera

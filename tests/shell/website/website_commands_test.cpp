@@ -9,10 +9,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 /// The main window with the models that the program ships.
 class WebsiteCommands : public WindowFixture {
   protected:
@@ -23,7 +19,7 @@ class WebsiteCommands : public WindowFixture {
 };
 
 /// Fills the form that asks for the new Website's name.
-ScriptedPrompts::Filler name_it(const QString& name) {
+static ScriptedPrompts::Filler name_it(const QString& name) {
     return [name](const FormHand& form) { form.type(u"txtName"_s, name).click(u"OKButton"_s); };
 }
 
@@ -104,7 +100,5 @@ TEST_F(WebsiteCommands, RecentWebsitesAreEightThatStillExist) {
     remember_website(settings_, u"Web8"_s);
     EXPECT_EQ(recent_websites(settings_, roots_).join(u' '), u"Web8 Web12 Web10 Web9 Web7 Web6 Web5"_s);
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -11,14 +11,10 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 using Filler = ScriptedPrompts::Filler;
 
 /// Types one name after the other, each confirmed with OK.
-Filler names(const QString& title, const QStringList& names) {
+static Filler names(const QString& title, const QStringList& names) {
     return [=](const FormHand& form) {
         EXPECT_EQ(form.form().windowTitle(), title);
         for (const QString& name : names) form.type(u"txtName"_s, name).photograph(title).click(u"OKButton"_s);
@@ -26,7 +22,7 @@ Filler names(const QString& title, const QStringList& names) {
 }
 
 /// Presses OK at once, then chooses an entry of the list.
-Filler pick(const QString& title, const QString& entries, const QString& entry) {
+static Filler pick(const QString& title, const QString& entries, const QString& entry) {
     return [=](const FormHand& form) {
         EXPECT_EQ(form.form().windowTitle() + u": "_s + form.entries(u"list"_s).join(u'|'), title + u": "_s + entries);
         form.click(u"OKButton"_s).choose(u"list"_s, entry).photograph(title).click(u"OKButton"_s);
@@ -200,7 +196,5 @@ TEST_F(WebsiteLife, ExportAsksForAPlaceAndWritesWhatVisitorsGet) {
     choose(u"Esporta_Website"_s);
     EXPECT_TRUE(outside_.bytes(u"site.zip"_s).startsWith("PK"));
 }
-
-}  // namespace
 
 }  // namespace pondera

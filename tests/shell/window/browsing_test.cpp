@@ -10,8 +10,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 /// Takes the addresses that would go to the system's programs.
 class OpenedAddresses : public QObject {
     Q_OBJECT
@@ -27,8 +25,6 @@ class OpenedAddresses : public QObject {
   public slots:
     void open(const QUrl& url) { addresses.append(url); }
 };
-
-namespace {
 
 TEST(BrowsingRules, ThePageToEditComesFromTheFileShown) {
     for (const auto& [page, files] : {std::pair{u"index.htm"_s, u"index.htm çindex.htm"_s},
@@ -184,7 +180,6 @@ TEST_F(BrowseTest, ANewWindowOpensAndGoesWithBrowseMode) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return browser_->findChildren<WebBrowser*>().isEmpty(); }));
 }
 
-}  // namespace
 }  // namespace pondera
 
 #include "browsing_test.moc"

@@ -9,10 +9,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 class LongWork : public WindowFixture {
   protected:
     /// How many of 80 steps of five milliseconds were done, while `person` acts at the machine after the first ones.
@@ -61,7 +57,5 @@ TEST_F(LongWork, IsCancelledByEscOrTheButtonAndByNothingElse) {
     EXPECT_TRUE(window_->isVisible());
     EXPECT_EQ(page(), u"index.htm");
 }
-
-}  // namespace
 
 }  // namespace pondera

@@ -8,16 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/qt_text.h"
+
 namespace pondera {
-
-using namespace Qt::StringLiterals;
-
-namespace {
 
 using A = Answer;
 
 /// The answer of a message box in which `key` is pressed.
-Answer answer_to(const QList<Answer>& answers, Qt::Key key) {
+static Answer answer_to(const QList<Answer>& answers, Qt::Key key) {
     QtPrompts prompts;
     QTimer::singleShot(0, qApp, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -54,5 +52,4 @@ TEST(QtPromptsTest, AFormIsNoLargerThanTheScreen) {
     EXPECT_EQ(form.width(), form.screen()->availableSize().width());
 }
 
-}  // namespace
 }  // namespace pondera

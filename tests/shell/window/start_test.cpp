@@ -15,10 +15,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
 TEST(Start, BrowserVersions) {
     for (const auto& [verdict, versions] : {std::pair{VersionVerdict::kSupported, u"5.5 6.0.2900.5512 7.0"_s},
                                             {VersionVerdict::kTooNew, u"7.1 8.0 11.0.9600"_s},
@@ -157,5 +153,4 @@ TEST_F(StartTest, HelpOpensThePageOfTheLastCommandInTheViewerThatWasPlaced) {
     choose(u"mnu_help"_s);
 }
 
-}  // namespace
 }  // namespace pondera

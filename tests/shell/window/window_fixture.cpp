@@ -13,8 +13,6 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
-
 void WindowFixture::SetUp() {
     have_website(u"Shop"_s);
     have_website(u"Empty"_s);

@@ -12,10 +12,7 @@
 
 namespace pondera {
 
-using namespace Qt::StringLiterals;
 using namespace std::string_literals;
-
-namespace {
 
 class MainFormTest : public WindowFixture {
   protected:
@@ -218,5 +215,4 @@ TEST_F(MainFormTest, TheStatusBarCountsLongWorkAndShowsThePageAfterwards) {
     EXPECT_EQ(panel(u"panel_what"_s) + u'|' + panel(u"panel_page"_s), u"|HOME PAGE"_s);
 }
 
-}  // namespace
 }  // namespace pondera

@@ -5,8 +5,14 @@
 
 #include <ostream>
 
-// GoogleTest finds these beside Qt's types; every test file includes them, so that a failure shows text, not code
-// units.
+// Qt's texts as all test files write them, and as a failure shows them: text, not code units (GoogleTest finds these
+// functions beside Qt's types).
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+}  // namespace pondera
 
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
