@@ -20,30 +20,15 @@ TEST(LinkAddress, IsRefusedWithItsReason) {
     expect_results(
         [](const QString& typed) {
             const auto address = address_from_typed(typed);
-            return address ? *address : address.error().section(u' ', 0, 2);
+            return address ? *address : QString(address.error()).replace(typed, u"it"_s).section(u' ', 0, 2);
         },
-        {u"  → Type an address,",
-         u"javascript:alert(1) → A link cannot",
-         u"data:text/html,x → A link cannot",
-         u"ftp://x.org → Links to addresses",
-         u"file:///home/ann/x.htm → This is a",
-         u"C:\\Pictures\\x.jpg → This is a",
-         u"c:x → This is a",
-         u"\\\\server\\x → This is a",
-         u"/home/ann/x.htm → This is a",
-         u"../x.htm → This is a",
-         u"trips.htm → This is a",
-         u"hello → \"hello\" is no",
-         u"two words → \"two words\" is",
-         u"www.x.org is nice → \"www.x.org is nice\"",
-         u"https:// → \"https://\" is no",
-         u"http:www.x.org → \"http:www.x.org\" is no",
-         u"https://x_.o rg → \"https://x_.o rg\" is",
-         u"https://<b> → \"https://<b>\" is no",
-         u"ann@x → \"ann@x\" is no",
-         u"a@b@x.org → \"a@b@x.org\" is no",
-         u"mailto: → \"mailto:\" is no",
-         u"tel:ann → \"tel:ann\" is no"});
+        {u"javascript:alert(1) | data:text/html,x → A link cannot", u"ftp://x.org → Links to addresses",
+         u"file:///home/ann/x.htm | C:\\Pictures\\x.jpg | c:x | \\\\server\\x | /home/ann/x.htm | ../x.htm | trips.htm"
+         u" → This is a",
+         u"hello | two words | www.x.org is nice | https:// | http:www.x.org | https://x_.o rg | https://<b> → \"it\" "
+         u"is no",
+         u"ann@x | a@b@x.org | mailto: | tel:ann → \"it\" is no"});
+    EXPECT_TRUE(address_from_typed(u" "_s).error().startsWith(u"Type an address,"_s));
 }
 
 TEST(AnchorName, IsRefusedOrMadeFromWords) {

@@ -76,8 +76,7 @@ TEST(BrokenLinks, OfManyPagesAreCountedQuicklyAndTheCheckCanBeStopped) {
 
 TEST(LinkableDocuments, AreListedAndRefused) {
     const TestFolder root;
-    for (const QString& file : {u"b.PDF"_s, u"a.docx"_s, u"_4_Page.htm"_s, u"x.exe"_s, u"§_elenco.pnd"_s})
-        root.put(file);
+    for (const QString& file : u"b.PDF a.docx _4_Page.htm x.exe §_elenco.pnd"_s.split(u' ')) root.put(file);
     EXPECT_EQ(list_linkable_documents(root.path()).join(u' '), u"a.docx b.PDF"_s);
     const auto is_good = [&](const QString& file) { return !refusal_of_document(root.path(file)).has_value(); };
     EXPECT_TRUE(is_good(u"b.PDF"_s));

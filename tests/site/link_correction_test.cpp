@@ -37,40 +37,37 @@ TEST(LinkCorrection, OnlyLinksToMovedPagesFollow) {
 
 TEST(LinkCorrection, EachFileKeepsItsKind) {
     const TestFolder base;
-    const auto file = [](const QString& name) { return u"Shop/"_s + name; };
-    base.put(file(u"_4_Car.htm"_s));
-    base.put(file(u"_4_CAR.htm"_s));
-    base.put(file(u"a.htm"_s), "<p>\xE0\r<a href=_4_Car.htm>\r\n<a href=_4_CAR.htm><a href=_4_car.htm>\n");
-    base.put(file(u"b.html"_s), "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Car.htm\">");
-    base.put(file(u"c.htm"_s),
-             QByteArray("\xFF\xFE", 2) + QByteArray("<\0a\0 \0h\0r\0e\0f\0=\0_\0004\0_\0C\0a\0r\0.\0h\0t\0m\0>\0", 40));
-    base.put(file(u"_§_1_card.htm"_s), "<a href=_4_Car.htm>");
-    base.put(file(u"media/img/menu_items.js"_s), "this.item0 = 'Car';\rthis.url0 = '_4_Car.htm';\r");
-    base.put(file(u"media/img/reference.js"_s), "txtLink1.Text = _4_Car.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n");
-    base.put(file(u"media/img/pnd.css"_s), "a { background: url(_4_Car.htm) }");
-    const QString locked = base.put(file(u"d.htm"_s), "<a href=_4_Car.htm>");
-    ASSERT_TRUE(QFile::setPermissions(locked, QFile::ReadOwner));
-    const QString open = base.path(file(u"a.htm"_s));
+    const std::vector<std::tuple<QString, QByteArray, QByteArray>> files{
+        {u"_4_Car.htm"_s, "x", "x"},
+        {u"_4_CAR.htm"_s, "x", "x"},
+        {u"a.htm"_s, "<p>\xE0\r<a href=_4_Car.htm>\r\n<a href=_4_CAR.htm><a href=_4_car.htm>\n",
+         "<p>\xE0\r<a href=_4_Voitures%20%E2%82%AC.htm>\r\n<a href=_4_CAR.htm><a "
+         "href=_4_Voitures%20%E2%82%AC.htm>\n"},
+        {u"b.html"_s, "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Car.htm\">",
+         "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Voitures%20%E2%82%AC.htm\">"},
+        {u"c.htm"_s, encode_text(u"<a href=_4_Car.htm>"_s, TextEncoding::kUtf16Le),
+         encode_text(u"<a href=_4_Voitures%20%E2%82%AC.htm>"_s, TextEncoding::kUtf16Le)},
+        {u"locked.htm"_s, "<a href=_4_Car.htm>", "<a href=_4_Car.htm>"},
+        {u"_§_1_card.htm"_s, "<a href=_4_Car.htm>", "<a href=_4_Car.htm>"},
+        {u"media/img/menu_items.js"_s, "this.item0 = 'Car';\rthis.url0 = '_4_Car.htm';\r",
+         "this.item0 = 'Car';\rthis.url0 = '_4_Voitures \xE2\x82\xAC.htm';\r"},
+        {u"media/img/reference.js"_s, "txtLink1.Text = _4_Car.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n",
+         "txtLink1.Text = _4_Voitures \xE2\x82\xAC.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n"},
+        {u"media/img/pnd.css"_s, "a { background: url(_4_Car.htm) }", "a { background: url(_4_Car.htm) }"},
+    };
+    for (const auto& [file, before, after] : files) base.put(u"Shop/"_s + file, before);
+    ASSERT_TRUE(QFile::setPermissions(base.path(u"Shop/locked.htm"_s), QFile::ReadOwner));
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
-    ASSERT_TRUE(QFile::setPermissions(open, permissions));
+    ASSERT_TRUE(QFile::setPermissions(base.path(u"Shop/a.htm"_s), permissions));
 
     const CorrectedLinks links = Correzione_Links(base.path(u"Shop"_s), {{u"_4_Car.htm"_s, u"_4_Voitures €.htm"_s}});
     EXPECT_EQ(links.files, 5);
     ASSERT_EQ(links.failures.size(), 1);
     EXPECT_EQ(links.failures[0].number, FaultNumber::kPermissionDenied);
-    EXPECT_EQ(links.failures[0].path, locked);
-    EXPECT_EQ(
-        base.bytes(file(u"a.htm"_s)),
-        "<p>\xE0\r<a href=_4_Voitures%20%E2%82%AC.htm>\r\n<a href=_4_CAR.htm><a href=_4_Voitures%20%E2%82%AC.htm>\n");
-    EXPECT_EQ(QFile::permissions(open) & permissions, permissions);
-    EXPECT_EQ(base.bytes(file(u"b.html"_s)), "\xEF\xBB\xBF<a href=\"\xC2\xA7_4_Voitures%20%E2%82%AC.htm\">");
-    EXPECT_TRUE(base.bytes(file(u"c.htm"_s)).startsWith(QByteArray("\xFF\xFE<\0a\0", 6)));
-    EXPECT_EQ(base.bytes(file(u"d.htm"_s)), "<a href=_4_Car.htm>");
-    EXPECT_EQ(base.bytes(file(u"_§_1_card.htm"_s)), "<a href=_4_Car.htm>");
-    EXPECT_EQ(base.bytes(file(u"media/img/menu_items.js"_s)),
-              "this.item0 = 'Car';\rthis.url0 = '_4_Voitures \xE2\x82\xAC.htm';\r");
-    EXPECT_EQ(base.bytes(file(u"media/img/reference.js"_s)),
-              "txtLink1.Text = _4_Voitures \xE2\x82\xAC.htm\r\nsPicLocal1 = C:\\_4_Car.htm\r\n");
+    EXPECT_EQ(links.failures[0].path, base.path(u"Shop/locked.htm"_s));
+    for (const auto& [file, before, after] : files)
+        EXPECT_EQ(base.bytes(u"Shop/"_s + file), after) << file.toStdString();
+    EXPECT_EQ(QFile::permissions(base.path(u"Shop/a.htm"_s)) & permissions, permissions);
     EXPECT_EQ(QDir(base.path(u"Shop"_s)).entryList(QDir::Files | QDir::Hidden).size(), 7);
 }
 

@@ -1,7 +1,6 @@
 #include "site/page_group.h"
 
 #include <map>
-#include <random>
 
 #include "site/page_name.h"
 #include "tests/support/test_folder.h"
@@ -25,41 +24,27 @@ TEST(PageGroup, NamesTellThePlace) {
 }
 
 TEST(PageGroup, RenumberingLosesAndOverwritesNothing) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 25; ++round) {
-        const TestFolder folder;
-        for (const QString& other : {u"_4_Tour.htm"_s, u"§_4_Tour.htm"_s, u"_4_Tourist_page3_.htm"_s,
-                                     u"_4_tour_page4_.htm"_s, u"_4_Tour_page4.htm"_s, u"_§_1_card.htm"_s})
-            folder.put(other, other.toUtf8());
-        int following = 0;
-        const int current = 1 + static_cast<int>(random() % 12);
-        for (int number = 1; number <= 12; ++number) {
-            const QString page = (random() % 4 ? u"_4_Tour_page%1_.htm"_s : u"_4_Tour_Page%1_.htm"_s).arg(number);
-            const auto kinds = random() % 4;
-            if (kinds & 1U) folder.put(page, page.toUtf8());
-            if (kinds & 2U) folder.put(editing_copy_name(page), editing_copy_name(page).toUtf8());
-            following += kinds != 0 && number > current;
-        }
-        const auto before = contents_of(folder);
-        const QString current_page = u"§_4_Tour_page%1_.htm"_s.arg(current);
-
-        const auto [moves, error] = Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kMakeRoom);
-        ASSERT_EQ(error, QString());
-        const auto after = contents_of(folder);
-        EXPECT_EQ(after.size(), before.size());
-        for (const auto& [name, bytes] : after) {
-            // Each file holds the name that it had; only those after the current page have moved, by one.
-            const auto place = group_place(published_name(name));
-            const auto old_place = group_place(published_name(QString::fromUtf8(bytes)));
-            const bool ours = old_place && old_place->before.startsWith(u"_4_Tour_"_s) && old_place->number > current;
-            EXPECT_TRUE(ours ? place && place->number == old_place->number + 1 : name == QString::fromUtf8(bytes))
-                << bytes.toStdString() << " became " << name.toStdString();
-        }
-        EXPECT_EQ(moves.size(), following);
-
-        ASSERT_EQ(Rinominazione_File_Succ(folder.path(), current_page, Renumbering::kCloseGap).error, QString());
-        EXPECT_EQ(contents_of(folder), before);
+    // Published pages and editing copies, some alone, some in capitals; then what is no page of the group.
+    const QStringList moved{u"_4_Tour_page2_.htm"_s, u"§_4_Tour_page2_.htm"_s, u"§_4_Tour_page3_.htm"_s,
+                            u"_4_Tour_page4_.htm"_s, u"_4_Tour_Page9_.htm"_s,  u"§_4_Tour_Page9_.htm"_s};
+    const QStringList others{u"_4_Tour.htm"_s,           u"§_4_Tour.htm"_s,       u"_4_Tour_page1_.htm"_s,
+                             u"_4_Tourist_page3_.htm"_s, u"_4_tour_page5_.htm"_s, u"_4_Tour_page4.htm"_s};
+    const TestFolder folder;
+    for (const QString& file : moved + others) folder.put(file, file.toUtf8());
+    const auto before = contents_of(folder);
+    auto expected = before;
+    for (const QString& file : moved) expected.erase(file);
+    for (const QString& file : moved) {
+        const auto [start, number, end] = group_place(file).value();
+        expected[start + QString::number(number + 1) + end] = file.toUtf8();
     }
+    const auto [moves, error] =
+        Rinominazione_File_Succ(folder.path(), u"§_4_Tour_page1_.htm"_s, Renumbering::kMakeRoom);
+    EXPECT_EQ(error, QString());
+    EXPECT_EQ(moves.size(), 4);
+    EXPECT_EQ(contents_of(folder), expected);
+    EXPECT_EQ(Rinominazione_File_Succ(folder.path(), u"_4_Tour_page1_.htm"_s, Renumbering::kCloseGap).error, QString());
+    EXPECT_EQ(contents_of(folder), before);
 }
 
 TEST(PageGroup, WhatStopsTheRenumberingIsTold) {
@@ -77,6 +62,34 @@ TEST(PageGroup, WhatStopsTheRenumberingIsTold) {
     EXPECT_EQ(error, u"Renaming subsequent files Error: 'copy'"_s);
     EXPECT_EQ(moves, QList<PageMove>({{u"_4_Tour_page4_.htm"_s, u"_4_Tour_page5_.htm"_s}}));
     EXPECT_EQ(contents_of(folder), expected);
+}
+
+TEST(PageName, FileNamesAreReadAsAPersonSeesThem) {
+    using enum PageKind;
+    const std::vector<std::tuple<QString, PageKind, QString, QString, QString>> cases{
+        {u"_4_Subject.htm"_s, kSubject, u"Subject"_s, u""_s, u"  ;  [page]"_s},
+        {u"§_1_Prices.HTML"_s, kCard, u"Prices"_s, u""_s, u"  ;  [page]"_s},
+        {u"§_2_Holidays.htm"_s, kPhotoShow, u"Holidays"_s, u"  [photo-show]"_s, u"  ;  [photo-show]"_s},
+        {u"_0_Board.htm"_s, kProtected, u"Board"_s, u"  [protected page]"_s, u"  ;  [protected page]"_s},
+        {u"_y_News.htm"_s, kExternal, u"News"_s, u"  [external web page]"_s, u"  ;  [external web page]"_s},
+        {u"§_x_Info.htm"_s, kPopup, u"Info"_s, u"  [popup]"_s, u"  ;  [popup]"_s},
+        // The list goes by the search for a code, the status bar by how the name begins.
+        {u"_x_Tour_4_.htm"_s, kSubject, u"Tour_4_"_s, u"  [popup]"_s, u"  ;  [page]"_s},
+        {u"_1_Tour_2_.htm"_s, kPhotoShow, u"Tour_2_"_s, u""_s, u"  ;  [photo-show]"_s},
+        {u"about.htm"_s, kNone, u"about"_s, u""_s, u"  ;  [page]"_s},
+        {u"Price list.PDF"_s, kNone, u"Price list.PDF"_s, u""_s, u"  ;  [Acrobat page]"_s},
+        {u"Letter.doc"_s, kNone, u"Letter.doc"_s, u""_s, u"  ;  [Word page]"_s},
+    };
+    for (const auto& [file, kind, name, status_tag, list_tag] : cases) {
+        EXPECT_EQ(page_kind(file), kind) << file.toStdString();
+        EXPECT_EQ(published_name(editing_copy_name(file)), published_name(file));
+        EXPECT_EQ(strip_tutto(file), name);
+        EXPECT_EQ(status_label(file), name + status_tag);
+        EXPECT_EQ(page_list_display(file), name + list_tag);
+    }
+    for (const QString& home : {kHomePage, editing_copy_name(kHomePage)})
+        EXPECT_EQ(QStringList({status_label(home), page_list_display(home), page_list_entry(home)}),
+                  QStringList({u"HOME PAGE"_s, u"HOME PAGE"_s, u"index  ; [index]"_s}));
 }
 
 }  // namespace pondera

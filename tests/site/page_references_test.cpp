@@ -69,55 +69,33 @@ TEST(PageReferences, LeadSomewhere) {
     const auto shown_target = [](const QString& address) {
         const AddressTarget target = resolve_address(address, u"My Shop"_s);
         const QString anchor = target.anchor.isEmpty() ? QString() : u" # "_s + target.anchor;
-        switch (target.place) {
-            case Place::kNowhere:
-                return u"nowhere"_s;
-            case Place::kThisPage:
-                return u"here"_s + anchor;
-            case Place::kWebsite:
-                return target.file + anchor;
-            case Place::kWeb:
-                return u"web"_s;
-            case Place::kOutside:
-                return u"outside"_s;
-        }
-        return QString();
+        if (target.place == Place::kWebsite) return target.file + anchor;
+        if (target.place == Place::kThisPage) return u"here"_s + anchor;
+        if (target.place == Place::kOutside) return u"outside"_s;
+        return target.place == Place::kWeb ? u"web"_s : u"nowhere"_s;
     };
-    expect_results(shown_target, {u"# → nowhere",
-                                  u"JavaScript:f('x.htm') → nowhere",
-                                  u"#to%20p → here # to p",
-                                  u"?a=1#b → here # b",
-                                  u" _4_Car.htm?a=../b#c%C3%A8 → _4_Car.htm # cè",
-                                  u"_4_a%2520b%20%25.htm → _4_a%20b %.htm",
-                                  u"100%.htm → 100%.htm",
-                                  u"Citt%C3%A0%E0%.htm → CittÃ\u00a0à%.htm",
-                                  u"Citt%E0.htm → Città.htm",
-                                  u"Citt%C3%A0.htm → Città.htm",
-                                  u"./media\\img//a%2Fb.gif → media/img/a/b.gif",
-                                  u"media/../_4_Car.htm → _4_Car.htm",
-                                  u"../MY%20shop/_4_Car.htm → _4_Car.htm",
-                                  u"media/../../my shop\\x.gif → x.gif",
-                                  u"../My Shop/ → index.htm",
-                                  u"../Other/_4_Car.htm → outside",
-                                  u"../../My Shop/_4_Car.htm → outside",
-                                  u"media/..%2F..%5Cx.htm → outside",
-                                  u".. → outside",
-                                  u"/_4_Car.htm → outside",
-                                  u"\\\\server\\x.htm → outside",
-                                  u"C:\\x.htm → outside",
-                                  u"c|/x.htm → outside",
-                                  u"file:///home/x.htm → outside",
-                                  u"//host/_4_Car.htm → web",
-                                  u"MAILTO:me@x.example → web",
-                                  u"§_4_Car.htm → _4_Car.htm",
-                                  u"%C2%A7_4_Car.htm#a → _4_Car.htm # a",
-                                  u"%A7_4_Car.htm → _4_Car.htm",
-                                  u"çindex.htm → index.htm",
-                                  u"%e7Index.htm → Index.htm",
-                                  u"?_4_Car.htm?a → _4_Car.htm",
-                                  u"'_2_Car.htm → _2_Car.htm",
-                                  u"?_4=1 → here",
-                                  u"media/img/façade.jpg → media/img/façade.jpg"});
+    expect_results(
+        shown_target,
+        {u"# | JavaScript:f('x.htm') → nowhere",
+         u"#to%20p → here # to p",
+         u"?a=1#b → here # b",
+         u"?_4=1 → here",
+         u" _4_Car.htm?a=../b#c%C3%A8 → _4_Car.htm # cè",
+         u"_4_a%2520b%20%25.htm → _4_a%20b %.htm",
+         u"100%.htm → 100%.htm",
+         u"Citt%C3%A0%E0%.htm → CittÃ\u00a0à%.htm",
+         u"Citt%E0.htm | Citt%C3%A0.htm → Città.htm",
+         u"./media\\img//a%2Fb.gif → media/img/a/b.gif",
+         u"media/../_4_Car.htm | ../MY%20shop/_4_Car.htm | §_4_Car.htm | %A7_4_Car.htm | ?_4_Car.htm?a → _4_Car.htm",
+         u"media/../../my shop\\x.gif → x.gif",
+         u"../My Shop/ | çindex.htm → index.htm",
+         u"../Other/_4_Car.htm | ../../My Shop/_4_Car.htm | media/..%2F..%5Cx.htm | .. | /_4_Car.htm → outside",
+         u"\\\\server\\x.htm | C:\\x.htm | c|/x.htm | file:///home/x.htm → outside",
+         u"//host/_4_Car.htm | MAILTO:me@x.example → web",
+         u"%C2%A7_4_Car.htm#a → _4_Car.htm # a",
+         u"%e7Index.htm → Index.htm",
+         u"'_2_Car.htm → _2_Car.htm",
+         u"media/img/façade.jpg → media/img/façade.jpg"});
 }
 
 TEST(PageReferences, AnAddressLeadsToItsFile) {

@@ -14,11 +14,10 @@ namespace pondera {
 class WebsiteExporting : public testing::Test {
   protected:
     void SetUp() override {
-        for (const QString& file :
-             {u"çindex.htm"_s, u"index.htm"_s, u"§_4_Città.htm"_s, u"_4_Città.htm"_s, u"§_4_New.htm"_s,
-              u"_1_vuota.htm"_s, u"_§_1_card.htm"_s, u"_çmenu.htm"_s, u"old_card.htm"_s, u"§_elenco.pnd"_s,
-              u"Thumbs.db"_s, u"price.pdf"_s, u"media/img/sea.jpg"_s, u"media/img/THUMBS.DB"_s, u"media/video/a.mp4"_s,
-              u"papers/a.pdf"_s})
+        for (
+            const QString& file :
+            u"çindex.htm index.htm §_4_Città.htm _4_Città.htm §_4_New.htm _1_vuota.htm _§_1_card.htm _çmenu.htm old_card.htm §_elenco.pnd Thumbs.db price.pdf media/img/sea.jpg media/img/THUMBS.DB media/video/a.mp4 papers/a.pdf"_s
+                .split(u' '))
             base_.put(u"Pondera/Shop/"_s + file, "x");
     }
 

@@ -9,15 +9,15 @@
 
 namespace pondera {
 
-/// Expects of every row, "text → result", that `become` turns the text into the result.
+/// Expects of every row, "text → result" or "text | text → result", that `become` turns each text into the result.
 template <typename Become>
 void expect_results(Become become, std::initializer_list<const char16_t*> rows) {
     constexpr QStringView kArrow = u" → ";
     for (const QStringView row : rows) {
         const qsizetype arrow = row.indexOf(kArrow);
         ASSERT_GE(arrow, 0) << row.toUtf8().toStdString();
-        EXPECT_EQ(become(row.first(arrow).toString()), row.sliced(arrow + kArrow.size()).toString())
-            << row.toUtf8().toStdString();
+        for (const QString& text : row.first(arrow).toString().split(u" | "_s))
+            EXPECT_EQ(become(text), row.sliced(arrow + kArrow.size()).toString()) << text.toStdString();
     }
 }
 

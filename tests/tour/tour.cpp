@@ -1,10 +1,6 @@
-#include <QDir>
-#include <QImage>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QScreen>
 #include <QTest>
 #include <QWebEngineView>
+#include <QtWidgets>
 
 #include <gmock/gmock.h>
 

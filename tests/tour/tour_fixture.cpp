@@ -1,11 +1,9 @@
 #include "tests/tour/tour_fixture.h"
 
-#include <QAction>
-#include <QDir>
-#include <QDirIterator>
 #include <QTest>
 #include <QWebEngineScript>
 #include <QWebEngineView>
+#include <QtWidgets>
 
 #include "shell/editing/dhtml_edit.h"
 

@@ -1,5 +1,3 @@
-#include <QImage>
-
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
@@ -10,28 +8,23 @@ class DeleteFile : public WindowFixture {
     void SetUp() override {
         WindowFixture::SetUp();
         write(u"Shop"_s, u"çindex.htm"_s, u"<P><img src=media/img/used.png></P>"_s);
-        QImage picture(320, 240, QImage::Format_RGB32);
-        picture.fill(QColor(0x2c, 0x6e, 0x63));
         for (const QString& file : {u"used.png"_s, u"unsaved.png"_s, u"one.png"_s, u"two.png"_s, u"print.gif"_s})
-            ASSERT_TRUE(picture.save(path(file), "PNG"));
+            std::ignore = make_picture(path(file), {320, 240});
         open(u"Shop"_s);
         change_page(u"<img src=media/img/unsaved.png>"_s);
     }
 
-    [[nodiscard]] QString path(const QString& file) const {
-        return roots_.website(u"Shop"_s) + u"/media/img/"_s + file;
-    }
+    [[nodiscard]] QString path(const QString& file) const { return shop(u"media/img/"_s + file); }
 
-    void run_form(const ScriptedPrompts::Filler& fill) {
-        prompts_.expect_form(u"Frm_Cancella_Imm"_s, fill);
-        EXPECT_TRUE(choose(u"mnu_cancella_file"_s));
+    void delete_files(const ScriptedPrompts::Filler& fill) {
+        run_form(u"mnu_cancella_file"_s, u"Frm_Cancella_Imm"_s, fill);
     }
 
     static QString users(const FormHand& hand) { return hand.widget<QLabel>(u"users"_s).text(); }
 };
 
 TEST_F(DeleteFile, FilesAreDeletedOneAfterTheOtherAfterAQuestion) {
-    run_form([&](const FormHand& hand) {
+    delete_files([&](const FormHand& hand) {
         EXPECT_EQ(hand.entries(u"list"_s).join(u' '), u"one.png two.png unsaved.png used.png"_s);
         prompts_.expect_message(u"Insert all required data"_s);
         hand.click(u"OKButton"_s).choose(u"list"_s, u"unsaved.png"_s);
@@ -55,7 +48,7 @@ TEST_F(DeleteFile, FilesAreDeletedOneAfterTheOtherAfterAQuestion) {
 }
 
 TEST_F(DeleteFile, TheUnusedOnesCanBeDeletedTogether) {
-    run_form([&](const FormHand& hand) {
+    delete_files([&](const FormHand& hand) {
         hand.click(u"unused_only"_s);
         EXPECT_EQ(hand.entries(u"list"_s).join(u' '), u"one.png two.png"_s);
         hand.widget<QListWidget>(u"list"_s).selectAll();
@@ -74,9 +67,9 @@ TEST_F(DeleteFile, TheUnusedOnesCanBeDeletedTogether) {
 }
 
 TEST_F(DeleteFile, WhatIsPickedMustBeAFileThatMayGo) {
-    const QString document = roots_.website(u"Shop"_s) + u"/Price list.pdf"_s;
+    const QString document = shop(u"Price list.pdf"_s);
     QFile(document).open(QIODevice::WriteOnly);
-    run_form([&](const FormHand& hand) {
+    delete_files([&](const FormHand& hand) {
         const auto pick = [&](const QString& file, const QString& message, Answer answer = Answer::kOk) {
             prompts_.expect_file(file).expect_message(message, answer);
             hand.click(u"choose_file"_s).click(u"OKButton"_s);
@@ -85,7 +78,7 @@ TEST_F(DeleteFile, WhatIsPickedMustBeAFileThatMayGo) {
         hand.click(u"option_any"_s);
         EXPECT_EQ(hand.entries(u"list"_s).last(), u"Price list.pdf"_s);
         pick(roots_.website(u"Empty"_s) + u"/index.htm"_s, u"Select an image of the current Website."_s);
-        pick(roots_.website(u"Shop"_s) + u"/_4_Trips.htm"_s, u"Delete it with Delete Page."_s);
+        pick(shop(u"_4_Trips.htm"_s), u"Delete it with Delete Page."_s);
         pick(document, u"definitely delete Price list.pdf ?"_s, Answer::kNo);
         hand.photograph(u"delete-any-file"_s).click(u"CancelButton"_s);
     });

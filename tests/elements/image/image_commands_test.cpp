@@ -12,7 +12,6 @@ class ImageCommands : public WindowFixture {
   protected:
     void SetUp() override {
         WindowFixture::SetUp();
-        ASSERT_TRUE(QDir().mkpath(path(u"Pictures"_s)));
         show_page(u"<P>text</P>"_s);
     }
 
@@ -21,24 +20,10 @@ class ImageCommands : public WindowFixture {
         open(u"Shop"_s);
     }
 
-    EditingControl& editor() { return workbench().editor(); }
     [[nodiscard]] QString path(const QString& name) const { return home_.filePath(name); }
 
     [[nodiscard]] QString picture(const QString& name, QSize size) const {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(QColor(0x2c, 0x6e, 0x63));
-        EXPECT_TRUE(image.save(path(u"Pictures/"_s + name)));
-        return path(u"Pictures/"_s + name);
-    }
-
-    /// Chooses a command as soon as the menu offers it.
-    void run(const QString& command) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return choose(command); })) << command.toStdString();
-    }
-
-    void run_form(const QString& command, const QString& form, const ScriptedPrompts::Filler& fill) {
-        prompts_.expect_form(form, fill);
-        run(command);
+        return make_picture(u"Pictures/"_s + name, size);
     }
 
     /// Inserts the picture; `fits` answers whether a wide one shall fit the page.
@@ -73,8 +58,7 @@ TEST_F(ImageCommands, AnImageFromElsewhereIsCopiedAndPlaced) {
     });
     EXPECT_EQ(images(), QStringList(u"<IMG name=Myxfacadexpng style=\"Z-INDEX: 1; LEFT: 10px; POSITION: absolute; "
                                     "TOP: 10px\" src=\"media/img/My-facade.png\">"_s));
-    EXPECT_EQ(read_file(roots_.website(u"Shop"_s) + u"/media/img/My-facade.png"_s),
-              read_file(path(u"Pictures/My façade.png"_s)));
+    EXPECT_EQ(read_file(shop(u"media/img/My-facade.png"_s)), read_file(path(u"Pictures/My façade.png"_s)));
     expect_selected_at(QRect(10, 10, 320, 240));
 
     run_form(u"mnu_ins_marchio"_s, u"Frm_Inserisci_Imm"_s, [&](const FormHand& hand) {

@@ -1,12 +1,9 @@
 #include "tests/shell/editing/editing_fixture.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QImage>
-#include <QMimeData>
 #include <QTest>
 #include <QWebEngineScript>
 #include <QWebEngineView>
+#include <QtWidgets>
 
 #include <optional>
 

@@ -1,5 +1,7 @@
 #include <QWebEngineView>
 
+#include <array>
+#include <functional>
 #include <random>
 #include <ranges>
 
@@ -24,38 +26,30 @@ class History : public EditingFixture {
   protected:
     /// One of the things that a person can do, anywhere on the page.
     void do_anything(std::mt19937& random) {
+        using enum EditCommand;
         const auto any = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
         static const QList<EditCommand> kCommands{
-            EditCommand::kBold,          EditCommand::kItalic,      EditCommand::kOrderedList,
-            EditCommand::kUnorderedList, EditCommand::kIndent,      EditCommand::kOutdent,
-            EditCommand::kJustifyCenter, EditCommand::kInsertTable, EditCommand::kBringForward,
-            EditCommand::kLockElement,   EditCommand::kCut,         EditCommand::kUnlink,
-            EditCommand::kHyperlink,     EditCommand::kSendToBack,  EditCommand::kUndo,
-            EditCommand::kSelectAll,     EditCommand::kDelete};
-        switch (any(9)) {
-            case 0:
-                return type(QString(u"ab c"_s).first(1 + any(4)));
-            case 1:
-                return key(QList{Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Down}[any(5)]);
-            case 2:
-            case 3:
-                place_caret(any(1000), any(3) ? 0 : any(60));
-                return;
-            case 4:
-                editor_.select_element(any(2) ? u"pos"_s : u"flow"_s);
-                return;
-            case 5:
-                return key(QList{Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Delete}[any(4)]);
-            case 6:
-                paste(QStringList{u"<p>foreign <b>bold</b></p><ul><li>i1<li>i2</ul>"_s,
-                                  u"<a href=\"http://x/\">in</a>"_s, QString()}[any(3)]);
-                return;
-            case 7:
-                editor_.replace_selection_parent(u"<P>rp <A href=\"p.htm\">x</A></P>"_s);
-                return;
-            default:
-                editor_.execute(kCommands[any(static_cast<int>(kCommands.size()))]);
-        }
+            kBold,          kItalic,      kOrderedList,  kUnorderedList, kIndent, kOutdent,
+            kJustifyCenter, kInsertTable, kBringForward, kLockElement,   kCut,    kUnlink,
+            kHyperlink,     kSendToBack,  kUndo,         kSelectAll,     kDelete};
+        static const QStringList foreign{u"<p>foreign <b>bold</b></p><ul><li>i1<li>i2</ul>"_s,
+                                         u"<a href=\"http://x/\">in</a>"_s, QString()};
+        const auto place_anywhere = [&] { place_caret(any(1000), any(3) ? 0 : any(60)); };
+        const std::array<std::function<void()>, 9> deeds{
+            [&] { type(QString(u"ab c"_s).first(1 + any(4))); },
+            [&] {
+                key(QList{Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Down}[any(5)]);
+            },
+            place_anywhere,
+            place_anywhere,
+            [&] { editor_.select_element(any(2) ? u"pos"_s : u"flow"_s); },
+            [&] {
+                key(QList{Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Delete}[any(4)]);
+            },
+            [&] { paste(foreign[any(3)]); },
+            [&] { editor_.replace_selection_parent(u"<P>rp <A href=\"p.htm\">x</A></P>"_s); },
+            [&] { editor_.execute(kCommands[any(static_cast<int>(kCommands.size()))]); }};
+        deeds[any(9)]();
     }
 
     /// Puts the caret into a letter of the text, or selects from there over `length` letters.

@@ -90,7 +90,7 @@ TEST_F(Links, PlacesAreListedAndAHeadingGetsANameWithTheLink) {
     EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
     EXPECT_EQ(text(), before) << "one step";
     EXPECT_TRUE(editor_.link_to_place(2, u"unused"_s));
-    EXPECT_TRUE(text().contains(u"<A href=\"#mountain\">read</A>"_s)) << text().toStdString();
+    EXPECT_THAT(text(), Holds(u"<A href=\"#mountain\">read</A>"_s));
     EXPECT_FALSE(editor_.link_to_place(9, u"x"_s));
 
     load_selected(u"<h1><a id=n>one[</a></h1><h2>]two</h2>"_s);

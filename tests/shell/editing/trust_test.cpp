@@ -1,11 +1,6 @@
-#include <QElapsedTimer>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QTest>
 #include <QWebEngineView>
+#include <QtWidgets>
 
 #include <csignal>
 

@@ -1,63 +1,27 @@
 #include "shell/page/open_page.h"
 
 #include "base/text_file.h"
-#include "shell/editing/dhtml_edit.h"
-#include "shell/page/page_faults.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
 
 using testing::AllOf;
 using testing::HasSubstr;
 
-// The other texts are met where the faults are made, below.
-TEST(PageFaults, MessagesAreTheFixedOnes) {
-    using F = FaultNumber;
-    const QList<std::tuple<F, QString, QString>> texts{
-        {F::kUnexpected, u"Error: Unexpected Error!"_s, u"Unexpected error"_s},
-        {F::kServerScript, u"Error:  the document is mainly a  'server side script'"_s, u"Unknown error"_s},
-        {F::kBinary, u"Error: the document is not a text!"_s, u"Unknown error"_s},
-        {F::kInvalidCall, u"Error: invalid subject!"_s, u"Invalid argument"_s},
-        {F::kPermissionDenied, u"Error: Access denied!"_s, u"Access denied"_s},
-        {F::kDiskFull, u"Unknown Error!"_s, u"Disk is full"_s},
-        {F::kWriteDiskFull, u"Unknown Error!"_s, u"Disk is full"_s},
-        {F::kAlreadyExists, u"Unknown Error!"_s, u"Unknown error"_s},
-    };
-    for (const auto& [number, load, save] : texts) {
-        EXPECT_EQ(load_fault_message(number), u"Error occurred while downloading the document: %1."_s.arg(load));
-        EXPECT_EQ(save_fault_message(number), u"Error occurred in the saving of the page: %1."_s.arg(save));
-    }
-}
-
-/// The progress of a test: which texts were shown.
-class RecordedProgress : public Progress {
-  public:
-    void begin(const QString& what, const QString& state, int, Cancelling) override { shown += what + u'|' + state; }
-    void set_steps(int) override {}
-    void advance(int) override {}
-    [[nodiscard]] bool cancelled() const override { return false; }
-    void end() override { shown += u"end"_s; }
-
-    QStringList shown;
-};
-
-/// A Website "Shop" on disk, opened in the real editing control.
-class OpenPageTest : public testing::Test {
+/// Pages of the Website "Shop", which is open, written as they may come from anywhere.
+class OpenPageTest : public WindowFixture {
   protected:
     void SetUp() override {
-        ASSERT_TRUE(QDir().mkpath(folder()));
-        editor_.resize(800, 600);
-        editor_.show();
+        WindowFixture::SetUp();
+        WindowFixture::open(u"Shop"_s);
     }
 
-    [[nodiscard]] QString folder() const { return roots_.website(u"Shop"_s); }
-    [[nodiscard]] QString path(const QString& name) const { return folder() + u'/' + name; }
     [[nodiscard]] std::string bytes(const QString& name) const {
-        return read_file(path(name)).value_or("no file").toStdString();
+        return read_file(shop(name)).value_or("no file").toStdString();
     }
-    [[nodiscard]] std::string text() { return editor_.text().toStdString(); }
+    [[nodiscard]] std::string text() { return editor().text().toStdString(); }
 
-    void write(const QString& name, const QByteArray& bytes) const { ASSERT_TRUE(write_file(path(name), bytes)); }
+    void write(const QString& name, const QByteArray& bytes) const { ASSERT_TRUE(write_file(shop(name), bytes)); }
     void write_page(const QString& name, const QByteArray& body) const {
         write(name, "<HTML><BODY>" + body + "</BODY></HTML>");
     }
@@ -65,20 +29,12 @@ class OpenPageTest : public testing::Test {
     /// Writes a page's editing copy and loads it.
     void open(const QString& page, const QByteArray& body) {
         write_page(u'§' + page, body);
-        ASSERT_TRUE(page_.NUOVA_VIDEATA(folder(), page));
+        ASSERT_TRUE(workbench().load(page));
     }
-
-    QTemporaryDir home_;
-    Roots roots_{home_.filePath(u"Pondera_Folder"_s)};
-    DHTMLEdit editor_;
-    ScriptedPrompts prompts_;
-    RecordedProgress progress_;
-    OpenPage page_{roots_, editor_, prompts_, progress_, [] { return true; }};
 };
 
 TEST_F(OpenPageTest, EditingCopyIsFoundInTheLoadersOrder) {
-    for (const QString& copy :
-         {u"çindex.htm"_s, u"§_4_Subject.htm"_s, u"§_2_Trips.htm"_s, u"§_4_Trips.htm"_s, u"§Trips.htm"_s})
+    for (const QString& copy : u"çindex.htm §_4_Subject.htm §_2_Trips.htm §_4_Trips.htm §Trips.htm"_s.split(u' '))
         write_page(copy, "x");
     using Names = std::pair<QString, QString>;
     for (const auto& [name, file] : {Names{u"index.htm"_s, u"çindex.htm"_s},
@@ -87,20 +43,19 @@ TEST_F(OpenPageTest, EditingCopyIsFoundInTheLoadersOrder) {
                                      {u"§_4_Subject.htm"_s, u"§_4_Subject.htm"_s},
                                      {u"_2_Trips"_s, u"§_2_Trips.htm"_s},
                                      {u"Trips"_s, u"§Trips.htm"_s}}) {
-        ASSERT_TRUE(page_.NUOVA_VIDEATA(folder(), name)) << name.toStdString();
-        EXPECT_EQ(editor_.document_path(), path(file));
-        EXPECT_EQ(page_.page(), file.mid(1));
+        ASSERT_TRUE(workbench().load(name)) << name.toStdString();
+        EXPECT_EQ(editor().document_path(), shop(file));
+        EXPECT_EQ(page(), file.mid(1));
     }
-    ASSERT_TRUE(QFile::remove(path(u"§Trips.htm"_s)));
-    ASSERT_TRUE(page_.NUOVA_VIDEATA(folder(), u"Trips"_s));
-    EXPECT_EQ(page_.page(), u"_2_Trips.htm"_s) << "the lowest digit first";
+    ASSERT_TRUE(QFile::remove(shop(u"§Trips.htm"_s)));
+    ASSERT_TRUE(workbench().load(u"Trips"_s));
+    EXPECT_EQ(page(), u"_2_Trips.htm"_s) << "the lowest digit first";
 }
 
 TEST_F(OpenPageTest, APublishedPageAloneGetsAnEditingCopy) {
     write_page(u"_y_Guest.htm"_s, "<p>from outside");
-    ASSERT_TRUE(page_.NUOVA_VIDEATA(folder(), u"_y_Guest.htm"_s));
+    ASSERT_TRUE(workbench().load(u"_y_Guest.htm"_s));
     EXPECT_EQ(bytes(u"§_y_Guest.htm"_s), bytes(u"_y_Guest.htm"_s));
-    EXPECT_EQ(page_.kind(), PageKind::kExternal);
 }
 
 TEST_F(OpenPageTest, WhatCannotBeLoadedIsToldAndThePageBeforeStays) {
@@ -113,68 +68,66 @@ TEST_F(OpenPageTest, WhatCannotBeLoadedIsToldAndThePageBeforeStays) {
     };
     for (const auto& [name, message] : cases) {
         prompts_.expect_message(message);
-        EXPECT_FALSE(page_.NUOVA_VIDEATA(folder(), name));
-        EXPECT_FALSE(QFileInfo::exists(path(u'§' + name))) << "no editing copy is left of what cannot be edited";
-        EXPECT_EQ(page_.page(), u"_4_A.htm"_s);
+        EXPECT_FALSE(workbench().load(name));
+        EXPECT_FALSE(QFileInfo::exists(shop(u'§' + name))) << "no editing copy is left of what cannot be edited";
+        EXPECT_EQ(page(), u"_4_A.htm"_s);
         EXPECT_THAT(text(), HasSubstr("page A"));
     }
     prompts_.expect_message(u"Error: invalid path!."_s);
-    EXPECT_FALSE(page_.NUOVA_VIDEATA(folder() + u"/gone"_s, u"_4_A.htm"_s));
+    EXPECT_FALSE(workbench().open_website(u"Gone"_s));
     for (const Message& message : prompts_.messages()) EXPECT_EQ(message.icon, MessageIcon::kCritical);
 }
 
 TEST_F(OpenPageTest, SavingWritesEditingCopyAndPublishedPageInTheEncodingOfThePage) {
     open(u"_4_A.htm"_s, "<P>caff\xE8</P><A href=\"\xA7_4_B.htm\">B</A>");
-    editor_.paste_at_end(
-        u"<IMG src=\"%1/media/img/a.gif\" style=\"position:absolute; left:5; top:5\">"_s.arg(folder()));
-    EXPECT_TRUE(editor_.modified());
-    ASSERT_TRUE(page_.Salvataggio_Doc_Cor());
-    EXPECT_FALSE(editor_.modified());
+    editor().paste_at_end(u"<IMG src=\"%1/media/img/a.gif\" style=\"position:absolute; left:5; top:5\">"_s.arg(shop()));
+    EXPECT_TRUE(editor().modified());
+    ASSERT_TRUE(workbench().save());
+    EXPECT_FALSE(editor().modified());
     EXPECT_THAT(bytes(u"§_4_A.htm"_s), AllOf(HasSubstr("<P>caff\xE8</P>"), HasSubstr("href=\"\xA7_4_B.htm\"")));
     EXPECT_THAT(bytes(u"_4_A.htm"_s), AllOf(HasSubstr("<P>caff\xE8</P>"), HasSubstr("href=\"_4_B.htm\""),
                                             HasSubstr("src=\"media/img/a.gif\"")));
-    EXPECT_EQ(progress_.shown.join(u'|'), u"Wait||end|Save of page|in progress...|end");
 
     const std::string first = bytes(u"§_4_A.htm"_s) + bytes(u"_4_A.htm"_s);
-    ASSERT_TRUE(page_.Salvataggio_Doc_Cor());
+    ASSERT_TRUE(workbench().save());
     EXPECT_EQ(bytes(u"§_4_A.htm"_s) + bytes(u"_4_A.htm"_s), first) << "saved untouched, the same bytes";
 }
 
 TEST_F(OpenPageTest, AnotherProgramsChangeIsNeverOverwrittenUnasked) {
     open(u"_4_A.htm"_s, "first");
-    editor_.paste_at_end(u"<P>mine</P>"_s);
+    editor().paste_at_end(u"<P>mine</P>"_s);
     write_page(u"§_4_A.htm"_s, "theirs");
 
     prompts_.expect_message(u"changed by another program"_s, Answer::kCancel);
-    EXPECT_FALSE(page_.Salvataggio_Doc_Cor());
+    EXPECT_FALSE(workbench().save());
     EXPECT_THAT(bytes(u"§_4_A.htm"_s), HasSubstr("theirs"));
 
     prompts_.expect_message(u"changed by another program"_s, Answer::kReload);
-    EXPECT_FALSE(page_.Salvataggio_Doc_Cor());
+    EXPECT_FALSE(workbench().save());
     EXPECT_THAT(text(), HasSubstr("theirs"));
-    EXPECT_TRUE(page_.Salvataggio_Doc_Cor()) << "what was loaded is not asked about again";
+    EXPECT_TRUE(workbench().save()) << "what was loaded is not asked about again";
 
     write_page(u"§_4_A.htm"_s, "theirs again");
     prompts_.expect_message(u"changed by another program"_s, Answer::kOverwrite);
-    ASSERT_TRUE(editor_.execute(EditCommand::kUndo)) << "the page before it was loaded";
-    EXPECT_TRUE(page_.Salvataggio_Doc_Cor());
+    ASSERT_TRUE(editor().execute(EditCommand::kUndo)) << "the page before it was loaded";
+    EXPECT_TRUE(workbench().save());
     EXPECT_THAT(bytes(u"§_4_A.htm"_s), HasSubstr("<P>mine</P>"));
     EXPECT_THAT(bytes(u"_4_A.htm"_s), HasSubstr("<P>mine</P>"));
 
-    ASSERT_TRUE(QFile::remove(path(u"§_4_A.htm"_s)));
+    ASSERT_TRUE(QFile::remove(shop(u"§_4_A.htm"_s)));
     prompts_.expect_message(u"Error: File not found!."_s);
-    EXPECT_FALSE(page_.reload());
+    EXPECT_FALSE(workbench().reload());
 }
 
 TEST_F(OpenPageTest, APublishedPageThatCannotBeWrittenIsTold) {
     open(u"_4_A.htm"_s, "x");
-    ASSERT_TRUE(QDir().mkdir(path(u"_4_A.htm"_s))) << "a folder stands where the published page is to be written";
-    prompts_.expect_message(u"Error occurred in the saving of the page: "_s);
-    EXPECT_FALSE(page_.Salvataggio_Doc_Cor());
-    EXPECT_TRUE(editor_.modified()) << "there is still something to save";
-    ASSERT_TRUE(QDir().rmdir(path(u"_4_A.htm"_s)));
-    EXPECT_TRUE(page_.Salvataggio_Doc_Cor());
-    EXPECT_FALSE(editor_.modified());
+    ASSERT_TRUE(QDir().mkdir(shop(u"_4_A.htm"_s))) << "a folder stands where the published page is to be written";
+    prompts_.expect_message(u"Error occurred in the saving of the page: Access denied."_s);
+    EXPECT_FALSE(workbench().save());
+    EXPECT_TRUE(editor().modified()) << "there is still something to save";
+    ASSERT_TRUE(QDir().rmdir(shop(u"_4_A.htm"_s)));
+    EXPECT_TRUE(workbench().save());
+    EXPECT_FALSE(editor().modified());
 }
 
 }  // namespace pondera

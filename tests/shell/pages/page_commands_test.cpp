@@ -38,10 +38,7 @@ class PageCommands : public WindowFixture {
     void load(const QString& page) { ASSERT_TRUE(workbench().load(page)) << page.toStdString(); }
 
     /// Adds a page behind the open one.
-    void add_page() {
-        prompts_.expect_message(kAdd, Answer::kYes);
-        ASSERT_TRUE(choose(u"Add_Pag"_s));
-    }
+    void add_page() { run_told(u"Add_Pag"_s, kAdd, Answer::kYes); }
 
     /// "Trips" with three pages that follow it; the last one is open.
     void have_group() {
@@ -94,8 +91,7 @@ static ScriptedPrompts::Filler pick(const QString& entry) {
 
 TEST_F(PageCommands, ANewPageIsMadeNamedAndOpened) {
     change_page(u"unsaved"_s);
-    prompts_.expect_message(u"unsaved changes"_s, Answer::kCancel);
-    choose(u"mnu_pag_new"_s);
+    run_told(u"mnu_pag_new"_s, u"unsaved changes"_s, Answer::kCancel);
     prompts_.expect_message(u"unsaved changes"_s, Answer::kSave)
         .expect_form(u"Frm_Nuova_Scheda"_s,
                      type_names({u"ab"_s, u"My Clubs"_s, u"Trip"_s, u"Big boat"_s, u"Harbour.htm"_s}))
@@ -107,7 +103,7 @@ TEST_F(PageCommands, ANewPageIsMadeNamedAndOpened) {
     EXPECT_EQ(page(), u"_4_Harbour.htm");
     EXPECT_TRUE(club(u"index.htm"_s).contains(u"unsaved"_s));
     EXPECT_TRUE(club(u"_4_Harbour.htm"_s).contains(u"<TITLE>Harbour</TITLE>"_s));
-    EXPECT_FALSE(workbench().editor().modified());
+    EXPECT_FALSE(editor().modified());
 }
 
 TEST_F(PageCommands, PagesAreAddedAtTheEndOfAGroupThatHasAName) {
@@ -116,8 +112,7 @@ TEST_F(PageCommands, PagesAreAddedAtTheEndOfAGroupThatHasAName) {
     EXPECT_TRUE(club(u"_4_Trips.htm"_s).contains(u"href=\"_4_Trips_page1_.htm\""_s));
     write(u"Club"_s, u"_4_Subject.htm"_s, u"x"_s);
     const QString before = pages();
-    prompts_.expect_message(kAdd, Answer::kNo);
-    choose(u"Add_Pag"_s);
+    run_told(u"Add_Pag"_s, kAdd, Answer::kNo);
     for (const auto& [page, refusal] :
          {std::pair{u"_4_Subject.htm"_s, u"Rename the page before to add a page"_s},
           std::pair{u"_4_Trips_page1_.htm"_s, u"It's not possible to add another page inside a group."_s}}) {
@@ -151,27 +146,23 @@ TEST_F(PageCommands, RenamingTakesLinksAndGroupAlong) {
 }
 
 TEST_F(PageCommands, RenamingIsRefusedOrDoesNothing) {
-    prompts_.expect_message(u"The home page cannot be renamed"_s);
-    choose(u"mnu_rinomina_pagina"_s);
+    run_told(u"mnu_rinomina_pagina"_s, u"The home page cannot be renamed"_s);
 
     const QString before = pages();
     load(u"_4_Trips.htm"_s);
     change_page();
     for (const auto& filler : {ScriptedPrompts::Filler(kCancelled), type_names({u"Trips"_s})}) {
-        prompts_.expect_form(u"Frm_Nuova_Scheda"_s, filler);
-        choose(u"mnu_rinomina_pagina"_s);
+        run_form(u"mnu_rinomina_pagina"_s, u"Frm_Nuova_Scheda"_s, filler);
         EXPECT_EQ(pages() + page(), before + u"_4_Trips.htm"_s);
-        EXPECT_TRUE(workbench().editor().modified()) << "nothing was saved on the way";
+        EXPECT_TRUE(editor().modified()) << "nothing was saved on the way";
     }
     // Another spelling of its own name is no other page's.
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"TRIPS"_s}));
-    choose(u"mnu_rinomina_pagina"_s);
+    run_form(u"mnu_rinomina_pagina"_s, u"Frm_Nuova_Scheda"_s, type_names({u"TRIPS"_s}));
     EXPECT_EQ(page(), u"_4_TRIPS.htm");
 
     for (const auto& file : {u"_4_TRIPS.htm"_s, u"§_4_TRIPS.htm"_s})
         ASSERT_TRUE(QFile::remove(QDir(roots_.website(u"Club"_s)).filePath(file)));
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"Saved"_s}));
-    choose(u"mnu_rinomina_pagina"_s);
+    run_form(u"mnu_rinomina_pagina"_s, u"Frm_Nuova_Scheda"_s, type_names({u"Saved"_s}));
     EXPECT_EQ(page(), u"_4_Saved.htm") << "what another program removed is still in the editor";
 }
 
@@ -212,7 +203,7 @@ TEST_F(PageCommands, TheOpenPageGoesWithItsChangesAndAnotherIsShown) {
     prompts_.expect_form(u"Frm_Cancella_Imm"_s, kCancelled);
     press_in_tree(u"Boats"_s, Qt::Key_Delete);
     EXPECT_EQ(pages() + u' ' + page(), u"index.htm _4_Boats.htm _4_Prices.htm _4_Boats.htm");
-    EXPECT_TRUE(workbench().editor().text().contains(u"of the follower"_s));
+    EXPECT_TRUE(editor().text().contains(u"of the follower"_s));
 }
 
 TEST_F(PageCommands, ADeletedPageIsNotLeftOpenWhenNoOtherCanBeShown) {
@@ -233,23 +224,23 @@ TEST_F(PageCommands, TheOpenPageFollowsItsGroupWhenAnotherOfItIsDeleted) {
     expect_deletion();
     press_in_tree(u"page 1"_s, Qt::Key_Delete);
     EXPECT_EQ(page(), u"_4_Trips_page2_.htm");
-    EXPECT_TRUE(workbench().editor().text().contains(u"of the last page"_s));
+    EXPECT_TRUE(editor().text().contains(u"of the last page"_s));
 
     // The neighbour that is open loses its arrow in the editor too.
     load(u"_4_Trips_page1_.htm"_s);
     expect_deletion();
     press_in_tree(u"page 2"_s, Qt::Key_Delete);
-    EXPECT_FALSE(workbench().editor().text().contains(u"F_Dex"_s));
+    EXPECT_FALSE(editor().text().contains(u"F_Dex"_s));
     EXPECT_EQ(pages(), u"index.htm _4_Boats.htm _4_Prices.htm _4_Trips.htm _4_Trips_page1_.htm");
 }
 
 TEST_F(PageCommands, TheTreeOffersWhatFits) {
     EXPECT_EQ(tree_menu(u"HOME PAGE"_s), u"tree_open Add_Pag (mnu_rinomina_pagina) (mnu_treedelete) (mnu_treelink)");
     EXPECT_EQ(tree_menu(u"Pages"_s), u"mnu_pag_new");
-    workbench().editor().execute(EditCommand::kSelectAll);
+    editor().execute(EditCommand::kSelectAll);
     EXPECT_EQ(tree_menu(u"Trips"_s), u"tree_open Add_Pag mnu_rinomina_pagina mnu_treedelete mnu_treelink");
     find<QAction>(u"mnu_treelink"_s).trigger();
-    EXPECT_TRUE(workbench().editor().text().contains(u"href=\"_4_Trips.htm\""_s));
+    EXPECT_TRUE(editor().text().contains(u"href=\"_4_Trips.htm\""_s));
 
     prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard).expect_message(kAdd, Answer::kYes);
     tree_menu(u"Boats"_s);

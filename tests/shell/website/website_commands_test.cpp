@@ -44,7 +44,7 @@ TEST_F(WebsiteCommands, NewWebsiteIsMadeFromTheChosenModelAndOpened) {
         .expect_message(u"Choose il tipo di scheda desiderato!"_s);
     choose(u"Crea_Website"_s);
     EXPECT_EQ(workbench().website() + u'/' + page(), u"Bakery/index.htm");
-    const QString text = workbench().editor().text();
+    const QString text = editor().text();
     EXPECT_TRUE(text.contains(u"<TITLE>Bakery - Home Page</TITLE>"_s)) << text.left(400).toStdString();
     EXPECT_TRUE(text.contains(u"Name of the article"_s));
 }

@@ -73,15 +73,15 @@ TEST_F(WebsiteLife, ImportReplacesTheOpenWebsiteOnlyWhenAllIsAgreed) {
         .expect_message(u"unsaved changes"_s, Answer::kCancel);
     choose(u"Importa_Website"_s);
     EXPECT_EQ(everything(), before);
-    EXPECT_TRUE(workbench().editor().modified());
+    EXPECT_TRUE(editor().modified());
 
     prompts_.expect_folder(folder)
         .expect_message(question, Answer::kYes)
         .expect_message(u"unsaved changes"_s, Answer::kDiscard)
         .expect_message(u"Website correctly copied in:"_s);
     choose(u"Importa_Website"_s);
-    EXPECT_TRUE(workbench().editor().text().contains(u"new"_s));
-    EXPECT_EQ(list_pages(roots_.website(u"Shop"_s)), QStringList({u"index.htm"_s}));
+    EXPECT_TRUE(editor().text().contains(u"new"_s));
+    EXPECT_EQ(list_pages(shop()), QStringList({u"index.htm"_s}));
 }
 
 TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
@@ -93,7 +93,7 @@ TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
         .expect_message(u"unsaved changes"_s, Answer::kSave);
     choose(u"salva_con_nome2"_s);
     EXPECT_EQ(workbench().website(), u"Bakery");
-    EXPECT_FALSE(workbench().editor().modified());
+    EXPECT_FALSE(editor().modified());
     for (const QString& website : {u"Shop"_s, u"Bakery"_s})
         EXPECT_TRUE(read(website, u"çindex.htm"_s).contains(u"my words"_s)) << website.toStdString();
 }
@@ -107,14 +107,13 @@ TEST_F(WebsiteLife, DeletionAsksTwiceAndTheWindowForgetsTheWebsite) {
     change_page();
     const QString before = everything();
     for (const Answer no : {Answer::kNo, Answer::kCancel}) {
-        prompts_.expect_message(first, no);
-        choose(u"Erase_Proj"_s);
+        run_told(u"Erase_Proj"_s, first, no);
         prompts_.expect_message(first, Answer::kYes).expect_message(warning).expect_message(last, no);
         choose(u"Erase_Proj"_s);
     }
     EXPECT_EQ(everything() + workbench().website(), before + u"Shop"_s);
 
-    ASSERT_TRUE(QDir(roots_.website(u"Shop"_s)).mkpath(u"papers"_s));
+    ASSERT_TRUE(QDir(shop()).mkpath(u"papers"_s));
     prompts_.expect_message(first, Answer::kYes)
         .expect_message(warning)
         .expect_message(last, Answer::kYes)

@@ -1,7 +1,5 @@
-#include <QDesktopServices>
-#include <QDir>
-#include <QPushButton>
 #include <QTest>
+#include <QtWidgets>
 
 #include "shell/browsing_rules.h"
 #include "shell/site_tree.h"
@@ -81,7 +79,7 @@ class BrowseTest : public WindowFixture {
 };
 
 TEST_F(BrowseTest, LinksAreShownHandedOutOrMissing) {
-    const QString folder = roots_.website(u"Shop"_s);
+    const QString folder = shop();
     const QUrl base = QUrl::fromLocalFile(folder + u'/');
     for (const auto& [target, links] :
          {std::pair{LinkTarget::kShow, u"index.htm index.htm?q=1#top photo.gif about:blank"_s},
@@ -92,7 +90,7 @@ TEST_F(BrowseTest, LinksAreShownHandedOutOrMissing) {
 }
 
 TEST_F(BrowseTest, ThePageIsSavedFirstAndShownWithItsScripts) {
-    workbench().editor().paste_at_end(u"<P id=new>written now</P><SCRIPT>document.title = 'ran'</SCRIPT>"_s);
+    editor().paste_at_end(u"<P id=new>written now</P><SCRIPT>document.title = 'ran'</SCRIPT>"_s);
     browse();
     EXPECT_TRUE(evaluate(u"document.body.innerText"_s).toString().contains(u"written now"_s));
     EXPECT_EQ(evaluate(u"document.title"_s), u"ran"_s);
@@ -105,13 +103,13 @@ TEST_F(BrowseTest, ThePageIsSavedFirstAndShownWithItsScripts) {
 
 TEST_F(BrowseTest, AFolderThatVanishedLosesNothingAndStaysInEditMode) {
     change_page(u"mine"_s);
-    QDir(roots_.website(u"Shop"_s)).removeRecursively();
+    QDir(shop()).removeRecursively();
     prompts_.expect_message(u"Error occurred in the saving of the page: Path not found."_s);
     press_browse();
     EXPECT_FALSE(workbench().browsing());
     EXPECT_TRUE(find<QPushButton>(u"lblEdit"_s).isChecked());
-    EXPECT_TRUE(workbench().editor().modified());
-    EXPECT_TRUE(workbench().editor().text().contains(u"mine"_s));
+    EXPECT_TRUE(editor().modified());
+    EXPECT_TRUE(editor().text().contains(u"mine"_s));
 }
 
 TEST_F(BrowseTest, APageThatIsFollowedBecomesThePageUnderEdit) {
@@ -122,7 +120,7 @@ TEST_F(BrowseTest, APageThatIsFollowedBecomesThePageUnderEdit) {
     EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), u"_4_Trips.htm");
     edit();
     EXPECT_FALSE(workbench().browsing());
-    EXPECT_TRUE(workbench().editor().text().contains(u"Trips to the sea"_s));
+    EXPECT_TRUE(editor().text().contains(u"Trips to the sea"_s));
 
     press_browse();
     click_in_tree(u"_x_Map.htm"_s);

@@ -1,9 +1,7 @@
 #include "workbench/progress.h"
 
-#include <QLineEdit>
 #include <QTest>
-#include <QTimer>
-#include <QToolButton>
+#include <QtWidgets>
 
 #include "tests/shell/window/window_fixture.h"
 

@@ -1,10 +1,7 @@
 #include "shell/qt_prompts.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QScreen>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 

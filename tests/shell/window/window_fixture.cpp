@@ -1,10 +1,9 @@
 #include "tests/shell/window/window_fixture.h"
 
-#include <QDir>
 #include <QTest>
 #include <QTestEventLoop>
-#include <QTreeWidgetItemIterator>
 #include <QWebEnginePage>
+#include <QtWidgets>
 
 #include <optional>
 
@@ -52,6 +51,20 @@ bool WindowFixture::choose(const QString& action) {
     return enabled;
 }
 
+void WindowFixture::run(const QString& action) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return choose(action); })) << action.toStdString();
+}
+
+void WindowFixture::run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill) {
+    prompts_.expect_form(form, fill);
+    run(action);
+}
+
+void WindowFixture::run_told(const QString& action, const QString& message, Answer answer) {
+    prompts_.expect_message(message, answer);
+    run(action);
+}
+
 void WindowFixture::click_in_tree(const QString& page) {
     auto& tree = find<SiteTree>(u"TreeView1"_s);
     for (QTreeWidgetItemIterator item(&tree); *item != nullptr; ++item) {
@@ -66,11 +79,19 @@ void WindowFixture::change_page(const QString& text) {
     workbench().editor().paste_at_end(u"<P>%1</P>"_s.arg(text));
 }
 
-QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script) {
+QString WindowFixture::make_picture(const QString& file, QSize size) const {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(QColor(0x2c, 0x6e, 0x63));
+    const QString path = QDir(home_.path()).filePath(file);
+    EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()) && picture.save(path, "PNG")) << path.toStdString();
+    return path;
+}
+
+QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script, quint32 world) {
     // The engine may answer after the wait was given up.
     const auto loop = std::make_shared<QTestEventLoop>();
     const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, [answer, loop](const QVariant& value) {
+    page.runJavaScript(script, world, [answer, loop](const QVariant& value) {
         *answer = value;
         loop->exitLoop();
     });

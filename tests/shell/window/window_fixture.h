@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -37,15 +38,27 @@ class WindowFixture : public testing::Test {
     }
 
     Workbench& workbench() { return window_->workbench(); }
+    EditingControl& editor() { return workbench().editor(); }
     QString page() { return workbench().page(); }
     void open(const QString& website) { ASSERT_TRUE(workbench().open_website(website)); }
 
     bool choose(const QString& action);  ///< false when the command is disabled
+    void run(const QString& action);     ///< chooses a command as soon as the menu offers it
+    void run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill);
+    void run_told(const QString& action, const QString& message, Answer answer = Answer::kOk);
     void click_in_tree(const QString& page);
     void change_page(const QString& text = QStringLiteral("changed"));  ///< an unsaved change
 
-    /// The value of a script expression in a page shown.
-    static QVariant evaluate(QWebEnginePage& page, const QString& script);
+    /// The value of a script expression in a page shown, in the page's own world (0) or another.
+    static QVariant evaluate(QWebEnginePage& page, const QString& script, quint32 world = 0);
+
+    /// The path of a file of the Website "Shop".
+    [[nodiscard]] QString shop(const QString& file = {}) const {
+        return QDir(roots_.website(QStringLiteral("Shop"))).filePath(file);
+    }
+
+    /// A plain PNG of that size, written below the folder of the test; its path.
+    [[nodiscard]] QString make_picture(const QString& file, QSize size) const;
 
     QTemporaryDir home_;
     Roots roots_{home_.filePath(QStringLiteral("Pondera_Folder"))};
