@@ -14,6 +14,22 @@ QString number_text(FaultNumber number) {
     return QString::number(static_cast<std::uint32_t>(number));
 }
 
+QString fault_words(const FileError& error) {
+    switch (error.number) {
+        case FaultNumber::kDiskFull:
+        case FaultNumber::kWriteDiskFull:
+            return u"the disk is full"_s;
+        case FaultNumber::kPermissionDenied:
+            return u"no permission"_s;
+        case FaultNumber::kPathNotFound:
+            return u"does not exist"_s;
+        case FaultNumber::kAlreadyExists:
+            return u"exists already"_s;
+        default:
+            return error.reason.isEmpty() ? number_text(error.number) : error.reason;
+    }
+}
+
 QString fault_sentence(const FileError& error) {
     switch (error.number) {
         case FaultNumber::kDiskFull:
@@ -26,7 +42,7 @@ QString fault_sentence(const FileError& error) {
         case FaultNumber::kAlreadyExists:
             return u"%1 exists already."_s.arg(error.path);
         default:
-            return u"%1 (%2)"_s.arg(error.path, error.reason.isEmpty() ? number_text(error.number) : error.reason);
+            return u"%1 (%2)"_s.arg(error.path, fault_words(error));
     }
 }
 

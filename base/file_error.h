@@ -44,6 +44,9 @@ using FileResult = std::expected<T, FileError>;
 /// The fault's number as the messages show it, in decimal.
 [[nodiscard]] QString number_text(FaultNumber number);
 
+/// What went wrong, in a few words: "no permission".
+[[nodiscard]] QString fault_words(const FileError& error);
+
 /// A sentence that tells a person what went wrong and where: "The disk is full.", "No permission for PATH."
 [[nodiscard]] QString fault_sentence(const FileError& error);
 

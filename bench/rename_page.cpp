@@ -12,6 +12,7 @@
 #include <functional>
 #include <vector>
 
+#include "site/broken_links.h"
 #include "site/page_name.h"
 #include "site/page_operations.h"
 #include "site/website_listing.h"
@@ -108,5 +109,7 @@ int main(int argc, char** argv) {
     std::printf("rename a page, %d pages with a link to it: %.0f ms; cp -r of the same files: %.0f ms; ratio %.2f\n",
                 kPages, median(renames), median(copies), median(renames) / median(copies));
     std::printf("list the pages: %.1f ms\n", median(listings));
+    std::printf("look for broken links: %.0f ms\n",
+                milliseconds([&] { (void)broken_links(website.path()).broken.size(); }));
     return 0;
 }

@@ -11,6 +11,7 @@
 #include "shell/editing/dhtml_edit.h"
 #include "shell/engine_sandbox.h"
 #include "shell/page/open_page.h"
+#include "shell/site_tree.h"
 #include "workbench/progress.h"
 #include "workbench/prompts.h"
 
@@ -88,6 +89,16 @@ void register_benchmarks(Bench& bench) {
                                      const QString text = bench.editor.text();
                                      for (auto _ : state)
                                          benchmark::DoNotOptimize(convert_page(text, {bench.roots, u"Site"_s, {}, {}}));
+                                 })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("show 2,000 pages in the tree",
+                                 [](benchmark::State& state) {
+                                     SiteTree tree(nullptr);
+                                     QStringList pages{u"index.htm"_s};
+                                     for (int n = 1; n < 1000; ++n)
+                                         pages += {u"_4_Page%1.htm"_s.arg(n), u"_4_Page%1_page1_.htm"_s.arg(n)};
+                                     for (auto _ : state) tree.show_website(u"Site"_s, pages);
                                  })
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();

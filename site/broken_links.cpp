@@ -17,6 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kNotRead = u"The page cannot be read, so its links were not checked. "_s;
+
 /// A file of the Website with the addresses in it.
 struct ReadFile {
     QString name;
@@ -78,7 +80,10 @@ class LinkWalk {
     void read_page(const QString& page) {
         const QString copy = folder_.filePath(editing_copy_name(page));
         const auto text = read_text_file(QFileInfo::exists(copy) ? copy : folder_.filePath(page));
-        if (!text) return;
+        if (!text) {
+            check_.broken.append({page, ReferenceKind::kLink, {}, 0, kNotRead + fault_sentence(text.error())});
+            return;
+        }
         ++check_.pages;
         anchors_.insert(page, anchors_in(text->text));
         read_.append({page, page_references(text->text)});

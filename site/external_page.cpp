@@ -90,7 +90,10 @@ class AddressChange {
         const auto file = folder_.file_at(address);
         if (!file || (hint && file->isEmpty())) return std::nullopt;
 
-        const ReferenceKind kind = hint ? kind_of_file(*file).value_or(reference.kind) : reference.kind;
+        // A small picture is often a link to its large one.
+        const ReferenceKind content = kind_of_file(*file).value_or(reference.kind);
+        const bool shown = content == ReferenceKind::kPicture || content == ReferenceKind::kMedia;
+        const ReferenceKind kind = hint || shown ? content : reference.kind;
         if (kind == ReferenceKind::kLink || kind == ReferenceKind::kFrame) return link(address, *file);
         const auto path = files_.bring(address, kind);
         return path ? std::optional(*path + anchor_of(address)) : std::nullopt;

@@ -106,7 +106,8 @@ QString left_undone_message(const QString& introduction, const QString& website_
                             const QList<FileError>& failures) {
     QStringList files;
     for (const FileError& failure : failures)
-        files += QDir::toNativeSeparators(QDir(website_folder).relativeFilePath(failure.path));
+        files += QDir::toNativeSeparators(QDir(website_folder).relativeFilePath(failure.path)) + u": "_s +
+                 fault_words(failure);
     files.removeDuplicates();
     if (files.isEmpty()) return {};
     QStringList lines{introduction};

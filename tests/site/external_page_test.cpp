@@ -56,6 +56,7 @@ TEST_F(ExternalPages, WhatAPageShowsComesWithIt) {
          u"src='media/img/a-2.gif'>",
          u"<BASE href='http://x.example/d/'><IMG src='a.gif'><A href='/b?c&amp;d'> → <BASE ><IMG "
          u"src='http://x.example/d/a.gif'><A href='http://x.example/b?c&amp;d'>",
+         u"<A href='Trips_files/a.gif'><IMG src=a.gif></A> → <A href='media/img/a-2.gif'><IMG src=media/img/a.gif></A>",
          u"<IMG src=//x.example/a.gif><IMG src='data:a.gif'><A href=#a> → <IMG src=//x.example/a.gif><IMG "
          u"src='data:a.gif'><A href=#a>"});
     EXPECT_EQ(in_website(u"media/img/code.js"_s), u"run()");

@@ -197,7 +197,8 @@ TEST_F(PageOperations, WhatARenameCouldNotDoIsTold) {
     EXPECT_EQ(told.takeLast(), u"and 2 more"_s);
     told.sort();
     EXPECT_EQ(told.size(), 10);
-    for (const QString& name : told) EXPECT_TRUE(names.contains(name)) << name.toStdString();
+    for (const QString& name : told)
+        EXPECT_TRUE(names.contains(name.chopped(15)) && name.endsWith(u": no permission"_s)) << name.toStdString();
     EXPECT_EQ(bytes(u"_4_Page10.htm"_s), "<a href=\"javascript:esempio('_x_Map.htm');\">");
     EXPECT_EQ(bytes(u"_4_Other.htm"_s), "<a href=\"javascript:esempio('_x_Plan.htm');\">");
     EXPECT_EQ(bytes(u"_x_Plan.htm"_s), "<title>My map</title><a href=_x_Plan.htm>");
