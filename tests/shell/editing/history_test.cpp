@@ -95,6 +95,17 @@ TEST_F(History, WhateverIsDoneComesBackAndGoesAgainByteForByte) {
     }
 }
 
+TEST_F(History, ANewStepEndsWhatCouldBeRedone) {
+    load_selected(u"<p>one|</p>"_s);
+    for (const QString& word : {u"x"_s, u"y"_s}) {
+        type(word);
+        EXPECT_FALSE(editor_.execute(EditCommand::kRedo));
+        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+        EXPECT_EQ(text(), u"<P>one</P>"_s);
+    }
+    EXPECT_FALSE(editor_.execute(EditCommand::kUndo));
+}
+
 TEST_F(History, BoxesKeepTheirBorders) {
     const QString box = u"<DIV name=bx style=\"POSITION: absolute; LEFT: 90px; TOP: 90px\">%1</DIV>"_s;
     const std::vector<std::tuple<QString, Qt::Key, QString>> cases{
