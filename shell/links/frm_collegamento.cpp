@@ -79,8 +79,9 @@ void frm_collegamento::build(const Selection& selection) {
     auto* on = new QLabel(u"Link on %1"_s.arg(about(selection)));
     on->setObjectName(u"link_on"_s);
     on->setTextFormat(Qt::PlainText);
-    auto* kinds = new QHBoxLayout;
-    kinds->setSpacing(18);
+    auto* kinds = new QGridLayout;  // two by two, for narrow screens
+    kinds->setHorizontalSpacing(28);
+    kinds->setVerticalSpacing(8);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 18, 20, 16);
     layout->setSpacing(10);
@@ -91,8 +92,11 @@ void frm_collegamento::build(const Selection& selection) {
     add_card(kFileCard, u"link_to_file"_s, u"&File from this computer"_s, file_card(), file_);
     add_card(kAddressCard, u"link_to_address"_s, u"&Web or e-mail address"_s, address_card(), address_);
     add_card(kPlaceCard, u"link_to_place"_s, u"P&lace on this page"_s, place_card(), places_);
-    for (QAbstractButton* kind : kinds_->buttons()) kinds->addWidget(kind);
-    kinds->addStretch(1);
+    for (QAbstractButton* kind : kinds_->buttons()) {
+        const int card = kinds_->id(kind);
+        kinds->addWidget(kind, card / 2, card % 2, Qt::AlignLeft);
+    }
+    kinds->setColumnStretch(1, 1);
     layout->addWidget(cards_, 1);  // behind the kinds, for the Tab key too
     connect(kinds_, &QButtonGroup::idClicked, this, &frm_collegamento::show_card);
 
