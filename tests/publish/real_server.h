@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QProcess>
+
+#include "tests/support/test_folder.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+
+/// A real FTP server on a free port of loopback, with a throw-away folder that anybody may write to.
+class RealServer {
+  public:
+    enum class Kind { kVsftpd, kPyftpdlib };
+
+    /// With `tls` the server offers protection, with a certificate that no authority vouches for.
+    RealServer(Kind kind, bool tls);
+    ~RealServer();
+    RealServer(const RealServer&) = delete;
+    RealServer& operator=(const RealServer&) = delete;
+
+    [[nodiscard]] QString host() const;
+    /// The served folder, as the server calls it.
+    [[nodiscard]] QString remote_root() const;
+    /// The served folder itself.
+    [[nodiscard]] QString path(const QString& file) const { return folder_.path(u"served/"_s + file); }
+    [[nodiscard]] QByteArray bytes(const QString& file) const { return folder_.bytes(u"served/"_s + file); }
+    /// Its names, sorted, folders among them.
+    [[nodiscard]] QStringList names(const QString& folder = {}) const;
+
+  private:
+    [[nodiscard]] QStringList command();
+    void make_certificate();
+
+    TestFolder folder_;
+    Kind kind_;
+    bool tls_;
+    int port_ = 0;
+    QProcess process_;
+};
+
+}  // namespace pondera
