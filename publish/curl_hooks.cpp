@@ -1,10 +1,19 @@
 #include "publish/curl_hooks.h"
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <utility>
 
 namespace pondera {
+namespace {
+
+bool is_data_command(const QByteArray& verb) {
+    return verb == "STOR" || verb == "RETR" || verb == "LIST" || verb == "MLSD";
+}
+
+}  // namespace
 
 bool CurlSession::Running::go_on() {
     if (answer.end != CurlEnd::kItself) return false;
@@ -15,6 +24,19 @@ bool CurlSession::Running::go_on() {
     else if (Clock::now() - last_byte > (greeted ? session.waits_.silence : session.waits_.connect))
         answer.end = CurlEnd::kTooSlow;
     return answer.end == CurlEnd::kItself;
+}
+
+void CurlSession::Running::hold(int socket) {
+    const int on = 1;
+    held_socket = socket;
+    data_asked = false;
+    ::setsockopt(socket, IPPROTO_TCP, TCP_CORK, &on, sizeof on);
+}
+
+void CurlSession::Running::let_go() {
+    const int off = 0;
+    if (held_socket >= 0) ::setsockopt(held_socket, IPPROTO_TCP, TCP_CORK, &off, sizeof off);
+    held_socket = -1;
 }
 
 void CurlHooks::install(Running& running) {
@@ -56,6 +78,7 @@ curl_socket_t CurlHooks::open_socket(void* data, curlsocktype, curl_sockaddr* ad
         running.session.watch_.state(InternetState::kConnecting);
     }
     running.session.interruption_.socket_opened(socket);
+    if (running.greeted && running.session.protection_.encrypted) running.hold(socket);
     return socket;
 }
 
@@ -71,12 +94,14 @@ int CurlHooks::said(CURL*, curl_infotype kind, char* bytes, size_t count, void* 
         running.heard_byte();
         running.answer.talk.heard_command(QByteArray(bytes, static_cast<qsizetype>(count)));
         session.note_protection(running.easy, running.answer.talk);
+        running.data_asked = is_data_command(running.answer.talk.replies().last().command);
         if (std::exchange(running.asked, true)) return 0;
         session.watch_.state(InternetState::kRequesting);
         session.watch_.state(InternetState::kRequestSent);
     } else if (kind == CURLINFO_HEADER_IN) {
         running.heard_byte();
         running.answer.talk.heard_reply(QByteArray(bytes, static_cast<qsizetype>(count)));
+        if (running.data_asked) running.let_go();
         if (!std::exchange(running.greeted, true)) session.watch_.state(InternetState::kConnected);
         if (running.asked && !std::exchange(running.replied, true))
             session.watch_.state(InternetState::kReceivingResponse);

@@ -23,6 +23,14 @@ struct CurlSession::Running {
     void heard_byte() { last_byte = Clock::now(); }
     /// Whether the request is to go on; notes in the answer why not.
     bool go_on();
+
+    /// The data connection whose first bytes are kept back: libcurl greets for TLS on it before it has told the server
+    /// what the connection is for, and a server may take that for an intruder. They go when the server has replied to
+    /// the command, or is quiet after it.
+    int held_socket = -1;
+    bool data_asked = false;
+    void hold(int socket);
+    void let_go();
 };
 
 /// The functions through which libcurl tells of a request and moves its bytes.

@@ -139,6 +139,7 @@ void CurlSession::drive(Running& running) {
     constexpr int kSoon = 1;
     constexpr int kLater = 25;
     constexpr auto kLively = std::chrono::milliseconds(20);
+    constexpr auto kQuiet = std::chrono::milliseconds(10);
     int active = 1;
     while (true) {
         if (const CURLMcode fault = curl_multi_perform(multi_, &active); fault != CURLM_OK) {
@@ -152,7 +153,9 @@ void CurlSession::drive(Running& running) {
         }
         // libcurl does not always wait for the socket that matters: a data connection that is there at once would be
         // noticed only at the end of the wait.
-        const bool lively = Running::Clock::now() - running.last_byte < kLively;
+        const auto quiet = Running::Clock::now() - running.last_byte;
+        const bool lively = quiet < kLively;
+        if (running.data_asked && quiet > kQuiet) running.let_go();
         curl_multi_poll(multi_, nullptr, 0, lively ? kSoon : kLater, nullptr);
     }
     int left = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace pondera {
 
@@ -37,6 +38,7 @@ void BadServer::begin() {
     auto session = std::make_shared<Session>();
     session->control = nextPendingConnection();
     controls_ << session->control;
+    session->control->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     ++sessions;
     session->control->write(welcome);
     connect(session->control, &QTcpSocket::readyRead, this, [this, session] {
@@ -89,11 +91,13 @@ QByteArray BadServer::reply_to(Session& session, const QByteArray& verb, const Q
         return "150 coming";
     }
     if (verb == "RNFR") {
+        if (!files.contains(name)) return "550 no such file";
         session.renamed = name;
-        return files.contains(name) ? "350 to?" : "550 no such file";
+        return "350 to?";
     }
     if (verb == "RNTO") {
-        files[name] = files.take(session.renamed);
+        if (session.renamed.isEmpty()) return "503 what first?";
+        files[name] = files.take(std::exchange(session.renamed, {}));
         return "250 renamed";
     }
     if (verb == "DELE") return files.remove(name) ? "250 gone" : "550 no such file";

@@ -40,7 +40,7 @@ TEST_F(BadServers, TheStatesOfACommand) {
     server.welcome = "220-" + QByteArrayList(100, "welcome, welcome").join("\r\n220-") + "\r\n220 ready\r\n";
     ASSERT_EQ(control.run(u"MKDIR x"_s), kFine);
     using enum InternetState;
-    EXPECT_EQ(control.states.first(6), (QList{kHostResolved, kConnecting, kConnected, kRequesting, kRequestSent,
+    EXPECT_EQ(control.states.first(7), (QList{kResolvingHost, kHostResolved, kConnecting, kConnected, kRequesting, kRequestSent,
                                               kReceivingResponse}));
     EXPECT_EQ(control.states.last(2), (QList{kResponseReceived, kResponseCompleted}));
 }

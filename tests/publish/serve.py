@@ -2,12 +2,14 @@
 
 import os
 import sys
+import warnings
 
 from pyftpdlib.authorizers import DummyAuthorizer
 from pyftpdlib.handlers import FTPHandler, TLS_FTPHandler
 from pyftpdlib.servers import FTPServer
 
 folder, port, keys = sys.argv[1], int(sys.argv[2]), sys.argv[3] if len(sys.argv) > 3 else ""
+warnings.simplefilter("ignore")
 handler = FTPHandler
 if keys:
     handler = TLS_FTPHandler

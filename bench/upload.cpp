@@ -1,0 +1,96 @@
+// Uploads a Website of 2,000 files to a real server on loopback with the transfer control, and with lftp beside it.
+//   pondera_bench_upload [FILES [SERVER]]     2000, vsftpd or pyftpdlib
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QProcess>
+
+#include <cstdio>
+
+#include "publish/curl_transfer.h"
+#include "publish/transfer_command.h"
+#include "tests/publish/real_server.h"
+
+using namespace Qt::StringLiterals;
+using namespace pondera;
+
+namespace {
+
+QStringList make_website(const TestFolder& folder, int files) {
+    QStringList names;
+    for (int i = 0; i < files; ++i) {
+        const bool picture = i % 10 == 9;
+        QByteArray bytes(picture ? 200 * 1024 : 20 * 1024, Qt::Uninitialized);
+        for (qsizetype k = 0; k < bytes.size(); ++k) bytes[k] = static_cast<char>(k * 7 + i);
+        names << (picture ? u"picture%1.gif"_s : u"_4_page%1.htm"_s).arg(i);
+        folder.put(names.last(), bytes);
+    }
+    return names;
+}
+
+/// Milliseconds for all files; -1 when one failed.
+qint64 with_control(const RealServer& server, const TestFolder& site, const QStringList& names, bool tls) {
+    CurlTransfer inet;
+    inet.set_host(server.host());
+    inet.set_user(u"anonymous"_s);
+    inet.set_password(u"x"_s);
+    inet.set_protection(tls ? ProtectionWish::kRequired : ProtectionWish::kNone);
+    qsizetype next = 0;
+    bool trusted = false;
+    bool fine = true;
+    QEventLoop loop;
+    QObject::connect(&inet, &InternetTransfer::StateChanged, &loop, [&](InternetState state) {
+        if (state == InternetState::kError && inet.ResponseCode() == kCertificateNotTrusted && !trusted) {
+            trusted = true;
+            inet.trust_certificate(inet.Protection().fingerprint);
+            next = 0;
+        } else if (state != InternetState::kError && state != InternetState::kResponseCompleted) {
+            return;
+        } else if (inet.ResponseCode() != kFine) {
+            std::printf("failed: %d %s\n", inet.ResponseCode(), qPrintable(inet.ResponseInfo()));
+            fine = false;
+            return loop.quit();
+        }
+        if (next == names.size()) return loop.quit();
+        const QString& name = names[next++];
+        inet.Execute(u"SEND "_s + quoted(site.path(name)) + u" ours/"_s + name);
+    });
+    QElapsedTimer time;
+    time.start();
+    inet.Execute(u"MKDIR ours"_s);
+    loop.exec();
+    return fine ? time.elapsed() : -1;
+}
+
+qint64 with_lftp(const RealServer& server, const TestFolder& site, const QString& folder, const QString& settings) {
+    const QString script = u"set ssl:verify-certificate no; set mirror:parallel-transfer-count 1; set net:max-retries 1; %1; "
+                           u"open -u anonymous,x ftp://%2; mkdir %3; mirror -R %4 %3; bye"_s.arg(
+                               settings, server.host(), server.remote_root() + u'/' + folder, site.path());
+    QElapsedTimer time;
+    time.start();
+    const int result = QProcess::execute(u"lftp"_s, {u"-c"_s, script});
+    return result == 0 ? time.elapsed() : -1;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const QCoreApplication application(count, arguments);
+    const int files = count > 1 ? QString::fromLocal8Bit(arguments[1]).toInt() : 2000;
+    const bool python = count > 2 && QByteArray(arguments[2]) == "pyftpdlib";
+    const TestFolder site;
+    const QStringList names = make_website(site, files);
+    for (const bool tls : {false, true}) {
+        const RealServer server(python ? RealServer::Kind::kPyftpdlib : RealServer::Kind::kVsftpd, tls);
+        const QString protection = tls ? u"set ftp:ssl-force yes; set ftp:ssl-protect-data yes"_s : u"set ftp:ssl-allow no"_s;
+        const qint64 ours = with_control(server, site, names, tls);
+        const qint64 lftp = with_lftp(server, site, u"lftp"_s, protection);
+        const qint64 careful = with_lftp(server, site, u"careful"_s, protection + u"; set xfer:use-temp-file yes"_s);
+        std::printf("%-5s %d files: control %lld ms, lftp %lld ms (%.2f), lftp with temporary names %lld ms (%.2f)\n",
+                    tls ? "TLS" : "plain", files, ours, lftp, double(ours) / double(lftp), careful,
+                    double(ours) / double(careful));
+        if (server.names(u"ours"_s) != server.names(u"lftp"_s)) std::printf("the folders differ\n");
+    }
+    return 0;
+}
