@@ -44,7 +44,7 @@ qint64 with_control(const RealServer& server, const TestFolder& site, const QStr
         if (state == InternetState::kError && inet.ResponseCode() == kCertificateNotTrusted && !trusted) {
             trusted = true;
             inet.trust_certificate(inet.Protection().fingerprint);
-            next = 0;
+            return inet.Execute(u"MKDIR ours"_s);
         } else if (state != InternetState::kError && state != InternetState::kResponseCompleted) {
             return;
         } else if (inet.ResponseCode() != kFine) {
@@ -64,7 +64,7 @@ qint64 with_control(const RealServer& server, const TestFolder& site, const QStr
 }
 
 qint64 with_lftp(const RealServer& server, const TestFolder& site, const QString& folder, const QString& settings) {
-    const QString script = u"set ssl:verify-certificate no; set mirror:parallel-transfer-count 1; set net:max-retries 1; %1; "
+    const QString script = u"set ssl:verify-certificate no; set mirror:parallel-transfer-count 1; %1; "
                            u"open -u anonymous,x ftp://%2; mkdir %3; mirror -R %4 %3; bye"_s.arg(
                                settings, server.host(), server.remote_root() + u'/' + folder, site.path());
     QElapsedTimer time;
@@ -85,6 +85,8 @@ int main(int count, char** arguments) {
         const RealServer server(python ? RealServer::Kind::kPyftpdlib : RealServer::Kind::kVsftpd, tls);
         const QString protection = tls ? u"set ftp:ssl-force yes; set ftp:ssl-protect-data yes"_s : u"set ftp:ssl-allow no"_s;
         const qint64 ours = with_control(server, site, names, tls);
+        std::printf("control %lld ms\n", ours);
+        std::fflush(stdout);
         const qint64 lftp = with_lftp(server, site, u"lftp"_s, protection);
         const qint64 careful = with_lftp(server, site, u"careful"_s, protection + u"; set xfer:use-temp-file yes"_s);
         std::printf("%-5s %d files: control %lld ms, lftp %lld ms (%.2f), lftp with temporary names %lld ms (%.2f)\n",

@@ -73,6 +73,7 @@ curl_socket_t CurlHooks::open_socket(void* data, curlsocktype, curl_sockaddr* ad
     const int socket = ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
     if (socket < 0) return CURL_SOCKET_BAD;
     running.heard_byte();
+    running.data_promised = false;
     if (!running.greeted) {
         running.session.watch_.state(InternetState::kHostResolved);
         running.session.watch_.state(InternetState::kConnecting);
@@ -95,6 +96,7 @@ int CurlHooks::said(CURL*, curl_infotype kind, char* bytes, size_t count, void* 
         running.answer.talk.heard_command(QByteArray(bytes, static_cast<qsizetype>(count)));
         session.note_protection(running.easy, running.answer.talk);
         running.data_asked = is_data_command(running.answer.talk.replies().last().command);
+        running.data_promised = false;
         if (std::exchange(running.asked, true)) return 0;
         session.watch_.state(InternetState::kRequesting);
         session.watch_.state(InternetState::kRequestSent);
@@ -102,6 +104,8 @@ int CurlHooks::said(CURL*, curl_infotype kind, char* bytes, size_t count, void* 
         running.heard_byte();
         running.answer.talk.heard_reply(QByteArray(bytes, static_cast<qsizetype>(count)));
         if (running.data_asked) running.let_go();
+        const FtpReply& reply = running.answer.talk.replies().last();
+        running.data_promised = reply.command == "EPSV" || reply.command == "PASV";
         if (!std::exchange(running.greeted, true)) session.watch_.state(InternetState::kConnected);
         if (running.asked && !std::exchange(running.replied, true))
             session.watch_.state(InternetState::kReceivingResponse);

@@ -16,6 +16,7 @@ struct CurlSession::Running {
     bool greeted;  ///< the server has said a word, now or in an earlier request
     bool asked = false;
     bool replied = false;
+    bool data_promised = false;  ///< the server has told where to connect to for data, and that is still to be done
     Clock::time_point last_byte = Clock::now();
     qint64 moved = 0;
     CurlAnswer answer{};

@@ -90,6 +90,8 @@ void CurlSession::configure(const CurlRequest& request) {
     set(CURLOPT_USE_SSL, protection_level(login_.protection));
     // With TLS 1.3 the end of an upload is lost with some servers.
     set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2} | long{CURL_SSLVERSION_MAX_TLSv1_2});
+    // One file of authorities instead of a folder of them is read once a session, not once a connection.
+    set(CURLOPT_CAPATH, static_cast<char*>(nullptr));
     // The certificate check of our own looks at the host's name as well, so that a trusted fingerprint can stand for it.
     set(CURLOPT_SSL_VERIFYHOST, 0L);
 
@@ -151,12 +153,12 @@ void CurlSession::drive(Running& running) {
             running.answer.result = CURLE_ABORTED_BY_CALLBACK;
             return;
         }
-        // libcurl does not always wait for the socket that matters: a data connection that is there at once would be
-        // noticed only at the end of the wait.
+        // libcurl does not always know what to wait for: having heard where to connect to for data, it waits for nothing
+        // at all, to the end of the time given.
         const auto quiet = Running::Clock::now() - running.last_byte;
         const bool lively = quiet < kLively;
         if (running.data_asked && quiet > kQuiet) running.let_go();
-        curl_multi_poll(multi_, nullptr, 0, lively ? kSoon : kLater, nullptr);
+        if (!running.data_promised) curl_multi_poll(multi_, nullptr, 0, lively ? kSoon : kLater, nullptr);
     }
     int left = 0;
     while (const CURLMsg* const told = curl_multi_info_read(multi_, &left))
