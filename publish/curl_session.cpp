@@ -110,7 +110,9 @@ CurlAnswer CurlSession::perform(const CurlRequest& request) {
     if (multi_ == nullptr) multi_ = curl_multi_init();
     configure(request);
     const CommandList commands = command_list(request.commands);
+    const CommandList afterwards = command_list(request.afterwards);
     curl_easy_setopt(easy_, CURLOPT_QUOTE, commands.get());
+    curl_easy_setopt(easy_, CURLOPT_POSTQUOTE, afterwards.get());
     std::array<char, CURL_ERROR_SIZE> message{};
     curl_easy_setopt(easy_, CURLOPT_ERRORBUFFER, message.data());
     Running running{.session = *this, .request = request, .easy = easy_, .greeted = control_socket_ >= 0};
@@ -157,6 +159,7 @@ void CurlSession::drive(Running& running) {
         // at all, to the end of the time given.
         const auto quiet = Running::Clock::now() - running.last_byte;
         const bool lively = quiet < kLively;
+        if (!lively) watch_.idle();
         if (running.data_asked && quiet > kQuiet) running.let_go();
         if (!running.data_promised) curl_multi_poll(multi_, nullptr, 0, lively ? kSoon : kLater, nullptr);
     }

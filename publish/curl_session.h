@@ -18,6 +18,7 @@ namespace pondera {
 struct SessionWatch {
     std::function<void(InternetState)> state;
     std::function<void(qint64 now, qint64 total)> progress;
+    std::function<void()> idle;  ///< again and again while the server is waited for
 };
 
 /// One request to libcurl. Without a source or a sink only its commands are sent.
@@ -25,6 +26,7 @@ struct CurlRequest {
     QByteArray path = "/";     ///< percent-encoded, absolute
     bool enter_folder = false; ///< the path is a folder, and becomes the server's current one
     QByteArrayList commands{};   ///< sent first, in the protocol's own words
+    QByteArrayList afterwards{};   ///< sent when the source has gone up whole
     QByteArray listing{};        ///< the command for a listing in place of the usual one
     std::function<bool(const char* bytes, qint64 count)> sink{};   ///< false ends the request
     std::function<qint64(char* bytes, qint64 room)> source{};      ///< gives the count; below 0 ends the request

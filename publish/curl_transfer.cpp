@@ -29,15 +29,19 @@ JobReports CurlTransfer::reports() {
             Qt::QueuedConnection);
     };
     return {
-        .state = [this, here](int job, InternetState state) { here(job, [this, state] { emit StateChanged(state); }); },
+        .states =
+            [this, here](int job, const QList<InternetState>& states) { here(job, [this, states] { tell(states); }); },
         .progress =
             [this, here, kBetweenProgress, last = Clock::time_point()](int job, qint64 now, qint64 total) mutable {
-                if (now != total && Clock::now() - last < kBetweenProgress) return;
+                if (Clock::now() - last < kBetweenProgress) return;
                 last = Clock::now();
                 here(job, [this, now, total] { emit Progress(now, total); });
             },
-        .done = [this, here](int job, TransferOutcome outcome) {
-            here(job, [this, outcome = std::move(outcome)] { finish(outcome); });
+        .done = [this, here](int job, const QList<InternetState>& states, TransferOutcome outcome) {
+            here(job, [this, job, states, outcome = std::move(outcome)] {
+                tell(states);
+                if (running_ && job == job_) finish(outcome);
+            });
         },
     };
 }
@@ -74,6 +78,13 @@ void CurlTransfer::Execute(const QString& command) {
     worker_.start(std::move(*job));
 }
 
+/// Stops when a listener cancels the command or begins another.
+void CurlTransfer::tell(const QList<InternetState>& states) {
+    const int job = job_;
+    for (const InternetState state : states)
+        if (running_ && job == job_) emit StateChanged(state);
+}
+
 void CurlTransfer::refuse(const TransferFault& why) {
     TransferOutcome outcome = outcome_;
     outcome.code = why.code;
@@ -82,11 +93,13 @@ void CurlTransfer::refuse(const TransferFault& why) {
 }
 
 void CurlTransfer::finish(TransferOutcome outcome) {
+    const int job = job_;
     if (!listing_asked_ || outcome.code != kFine) outcome.listing = std::move(outcome_.listing);
     outcome_ = std::move(outcome);
     const bool answered = outcome_.code == kFine || outcome_.code == kServerAnsweredError;
     if (answered) emit StateChanged(InternetState::kResponseReceived);
-    if (!std::exchange(running_, false)) return;
+    if (!running_ || job != job_) return;
+    running_ = false;
     emit StateChanged(answered ? InternetState::kResponseCompleted : InternetState::kError);
 }
 

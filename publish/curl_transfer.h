@@ -37,6 +37,7 @@ class CurlTransfer : public InternetTransfer {
     [[nodiscard]] TransferResult<TransferJob> job_for(const QString& command) const;
     [[nodiscard]] JobReports reports();
     void refuse(const TransferFault& fault);
+    void tell(const QList<InternetState>& states);
     void finish(TransferOutcome outcome);
 
     QString host_;

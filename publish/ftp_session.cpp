@@ -22,6 +22,19 @@ bool has_feature(const FtpReply& reply, const QByteArray& feature) {
     });
 }
 
+QByteArrayList rename_commands(const QByteArray& from, const QByteArray& to) {
+    return {"RNFR " + from, "RNTO " + to};
+}
+
+/// What a request that may have renamed says.
+TransferResult<void> renamed(const CurlAnswer& answer) {
+    const FtpReply* const first = answer.talk.reply_to("RNFR");
+    // The second command's "wrong order" says nothing; the first one's refusal does.
+    if (answer.result == CURLE_OK && first != nullptr && !first->good() && !answer.talk.closing())
+        return std::unexpected(refused(*first));
+    return result_of(answer);
+}
+
 }  // namespace
 
 FtpSession::FtpSession(const TransferLogin& login, const TransferWaits& waits, Interruption& interruption,
@@ -108,11 +121,13 @@ TransferResult<void> FtpSession::fetch(const QString& path, IncomingFile& file) 
     return result_of(answer);
 }
 
-TransferResult<void> FtpSession::upload(OutgoingFile& file, const QString& path) {
+TransferResult<void> FtpSession::upload(OutgoingFile& file, const QString& path, const QString& name, bool& whole) {
+    whole = false;
     if (const FileResult<void> opened = file.open(); !opened) return std::unexpected(local_fault(opened.error()));
     bool same = true;
     const CurlAnswer answer = curl_.perform({
         .path = url_path(path),
+        .afterwards = name.isEmpty() ? QByteArrayList() : rename_commands(wire(path), wire(name)),
         .source = [&](char* bytes, qint64 room) {
             const qint64 count = file.read(bytes, room);
             same = count >= 0;
@@ -120,44 +135,44 @@ TransferResult<void> FtpSession::upload(OutgoingFile& file, const QString& path)
         },
         .source_size = file.size(),
     });
-    if (!same || !file.unchanged()) return std::unexpected(fault(kFileChanged));
-    return result_of(answer);
+    if (!same) return std::unexpected(fault(kFileChanged));
+    whole = answer.talk.reply_to("RNFR") != nullptr;
+    return renamed(answer);
+}
+
+TransferResult<void> FtpSession::upload(OutgoingFile& file, const QString& path) {
+    bool whole = false;
+    return upload(file, path, {}, whole);
 }
 
 TransferResult<void> FtpSession::rename(const QString& from, const QString& to) {
-    const CurlAnswer answer = curl_.perform({.commands = {"RNFR " + wire(from), "RNTO " + wire(to)}});
-    const FtpReply* const first = answer.talk.reply_to("RNFR");
-    // The second command's "wrong order" says nothing; the first one's refusal does.
-    if (answer.result == CURLE_OK && first != nullptr && !first->good() && !answer.talk.closing())
-        return std::unexpected(refused(*first));
-    return result_of(answer);
+    return renamed(curl_.perform({.commands = rename_commands(wire(from), wire(to))}));
 }
 
 TransferResult<void> FtpSession::send(OutgoingFile& file, const QString& path) {
     if (renaming_ == Renaming::kNever) return upload(file, path);
     const QString temporary = temporary_beside(path);
-    TransferResult<void> result = upload(file, temporary);
-    if (!result) {
-        // A server may let files be written over in a folder where it lets none be made.
-        const bool not_this_name = result.error().code == kServerAnsweredError &&
-                                   (result.error().text.startsWith(QString::number(kNameNotAllowed)) ||
-                                    result.error().text.startsWith(QString::number(kNoSuchFile)));
-        if (not_this_name) return upload(file, path);
-        if (curl_.connected()) (void)remove_file(temporary);
-        return result;
-    }
-    result = replace(temporary, path);
-    if (!result && renaming_ == Renaming::kNever) {
+    bool whole = false;
+    TransferResult<void> result = upload(file, temporary, path, whole);
+    if (result) return result;
+    const bool refusal = result.error().code == kServerAnsweredError;
+    if (whole && refusal) {
+        result = make_way(temporary, path, result.error());
+        if (result || renaming_ != Renaming::kNever) return result;
         (void)remove_file(temporary);
         return upload(file, path);
     }
+    // A server may let files be written over in a folder where it lets none be made.
+    const bool not_this_name = refusal && (result.error().text.startsWith(QString::number(kNameNotAllowed)) ||
+                                           result.error().text.startsWith(QString::number(kNoSuchFile)));
+    if (not_this_name) return upload(file, path);
+    if (curl_.connected()) (void)remove_file(temporary);
     return result;
 }
 
-/// Gives the uploaded file its name. Nothing that is there is deleted before it is certain that renaming works.
-TransferResult<void> FtpSession::replace(const QString& whole, const QString& path) {
-    TransferResult<void> result = rename(whole, path);
-    if (result || result.error().code != kServerAnsweredError) return result;
+/// Gives an uploaded file its name where the server refused to. Nothing that is there is deleted before it is certain
+/// that renaming works.
+TransferResult<void> FtpSession::make_way(const QString& whole, const QString& path, const TransferFault& refusal) {
     const QString other = temporary_beside(whole);
     if (renaming_ == Renaming::kOverFiles) {
         const TransferResult<void> free_name = rename(whole, other);
@@ -169,9 +184,9 @@ TransferResult<void> FtpSession::replace(const QString& whole, const QString& pa
     const QString& ready = renaming_ == Renaming::kOverFiles ? other : whole;
     if (const TransferResult<void> deleted = remove_file(path); !deleted) {
         (void)remove_file(ready);
-        return result;
+        return std::unexpected(refusal);
     }
-    result = rename(ready, path);
+    const TransferResult<void> result = rename(ready, path);
     if (result) renaming_ = Renaming::kToFreeNames;
     return result;
 }

@@ -18,7 +18,8 @@ FileResult<void> OutgoingFile::open() {
         return std::unexpected(FileError{.number = FaultNumber::kFileNotFound, .path = file_.fileName(), .reason = {}});
     if (!info.isFile() || !file_.open(QIODevice::ReadOnly)) return std::unexpected(file_error_of(file_));
     size_ = file_.size();
-    time_ = file_.fileTime(QFileDevice::FileModificationTime);
+    std::error_code error;
+    time_ = std::filesystem::last_write_time(QFileInfo(file_).filesystemFilePath(), error);
     return {};
 }
 
@@ -30,8 +31,9 @@ qint64 OutgoingFile::read(char* bytes, qint64 room) {
 }
 
 bool OutgoingFile::unchanged() const {
-    const QFileInfo info(file_.fileName());
-    return info.size() == size_ && info.lastModified() == time_;
+    std::error_code error;
+    const std::filesystem::path path = QFileInfo(file_).filesystemFilePath();
+    return std::filesystem::last_write_time(path, error) == time_ && file_.size() == size_;
 }
 
 FileResult<void> IncomingFile::open() {

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QDateTime>
 #include <QFile>
 #include <QSaveFile>
 #include <QString>
+
+#include <filesystem>
 
 #include "base/file_error.h"
 
@@ -17,15 +18,16 @@ class OutgoingFile {
     /// Opens the file, or begins again with its first byte.
     [[nodiscard]] FileResult<void> open();
     [[nodiscard]] qint64 size() const { return size_; }
-    /// The next bytes; -1 when the file is not any longer the one that was opened.
+    /// The next bytes; -1 when the file is not any longer the one that was opened. Once the last byte has been given, all
+    /// are of one version.
     qint64 read(char* bytes, qint64 room);
-    /// Whether it has the size and time it was opened with.
-    [[nodiscard]] bool unchanged() const;
 
   private:
+    [[nodiscard]] bool unchanged() const;
+
     QFile file_;
     qint64 size_ = 0;
-    QDateTime time_;
+    std::filesystem::file_time_type time_;
 };
 
 /// A local file on its way from the server. It stands at its place only when it is whole.

@@ -41,7 +41,8 @@ QString resolve_remote(const QString& folder, const QString& name) {
 }
 
 QString temporary_beside(const QString& path) {
-    const QByteArray seed = QSysInfo::machineUniqueId() + QDir::homePath().toUtf8() + path.toUtf8();
+    static const QByteArray kSender = QSysInfo::machineUniqueId() + QDir::homePath().toUtf8();
+    const QByteArray seed = kSender + path.toUtf8();
     const QByteArray hash = QCryptographicHash::hash(seed, QCryptographicHash::Sha256).toHex().first(16);
     return path.section(u'/', 0, -2) + u"/pnd-"_s + QString::fromLatin1(hash) + u".part"_s;
 }

@@ -57,7 +57,8 @@ void TransferWorker::run() {
             interruption_.clear();
         }
         job_ = job.number;
-        reports_.done(job.number, outcome_of(job));
+        TransferOutcome outcome = outcome_of(job);
+        reports_.done(job.number, std::exchange(states_, {}), std::move(outcome));
     }
     session_.reset();
 }
@@ -69,8 +70,17 @@ void TransferWorker::renew_session(const TransferJob& job) {
     session_.reset();
     session_ = std::make_unique<FtpSession>(
         login_, waits_, interruption_,
-        SessionWatch{.state = [this](InternetState state) { reports_.state(job_, state); },
-                     .progress = [this](qint64 now, qint64 total) { reports_.progress(job_, now, total); }});
+        SessionWatch{.state =
+                         [this](InternetState state) {
+                             states_ << state;
+                             if (state <= InternetState::kConnected) tell_states();
+                         },
+                     .progress = [this](qint64 now, qint64 total) { reports_.progress(job_, now, total); },
+                     .idle = [this] { tell_states(); }});
+}
+
+void TransferWorker::tell_states() {
+    if (!states_.isEmpty()) reports_.states(job_, std::exchange(states_, {}));
 }
 
 TransferOutcome TransferWorker::outcome_of(const TransferJob& job) {

@@ -20,11 +20,12 @@ struct TransferJob {
     QString local_root;
 };
 
-/// What the worker tells of a job; called on the worker's thread.
+/// What the worker tells of a job; called on the worker's thread. States come in their order, several at once when they
+/// follow each other quickly: to wake the window for each would cost more than a small file.
 struct JobReports {
-    std::function<void(int job, InternetState)> state;
+    std::function<void(int job, QList<InternetState>)> states;
     std::function<void(int job, qint64 now, qint64 total)> progress;
-    std::function<void(int job, TransferOutcome)> done;
+    std::function<void(int job, QList<InternetState>, TransferOutcome)> done;
 };
 
 /// Does the jobs on a thread of its own, one after the other, and keeps the session between them.
@@ -47,6 +48,7 @@ class TransferWorker {
     void run();
     [[nodiscard]] TransferOutcome outcome_of(const TransferJob& job);
     void renew_session(const TransferJob& job);
+    void tell_states();
     [[nodiscard]] TransferResult<void> attempt(const TransferJob& job, RemoteListing& listing);
     [[nodiscard]] TransferResult<void> with_retries(const std::function<TransferResult<void>()>& work);
     [[nodiscard]] TransferResult<void> get(const TransferJob& job, const QString& path);
@@ -64,6 +66,7 @@ class TransferWorker {
     std::unique_ptr<RemoteSession> session_;
     QString folder_;
     int job_ = 0;
+    QList<InternetState> states_;
 
     std::thread thread_;
 };
