@@ -64,9 +64,10 @@ qint64 with_control(const RealServer& server, const TestFolder& site, const QStr
 }
 
 qint64 with_lftp(const RealServer& server, const TestFolder& site, const QString& folder, const QString& settings) {
-    const QString script = u"set ssl:verify-certificate no; set mirror:parallel-transfer-count 1; %1; "
-                           u"open -u anonymous,x ftp://%2; mkdir %3; mirror -R %4 %3; bye"_s.arg(
-                               settings, server.host(), server.remote_root() + u'/' + folder, site.path());
+    const QString script =
+        u"set ssl:verify-certificate no; set mirror:parallel-transfer-count 1; %1; "
+        u"open -u anonymous,x ftp://%2; mkdir %3; mirror -R %4 %3; bye"_s.arg(
+            settings, server.host(), server.remote_root() + u'/' + folder, site.path());
     QElapsedTimer time;
     time.start();
     const int result = QProcess::execute(u"lftp"_s, {u"-c"_s, script});
@@ -83,7 +84,8 @@ int main(int count, char** arguments) {
     const QStringList names = make_website(site, files);
     for (const bool tls : {false, true}) {
         const RealServer server(python ? RealServer::Kind::kPyftpdlib : RealServer::Kind::kVsftpd, tls);
-        const QString protection = tls ? u"set ftp:ssl-force yes; set ftp:ssl-protect-data yes"_s : u"set ftp:ssl-allow no"_s;
+        const QString protection =
+            tls ? u"set ftp:ssl-force yes; set ftp:ssl-protect-data yes"_s : u"set ftp:ssl-allow no"_s;
         const qint64 ours = with_control(server, site, names, tls);
         std::printf("control %lld ms\n", ours);
         std::fflush(stdout);

@@ -42,8 +42,7 @@ bool CertificateCheck::passes(void* store_context) {
     fingerprint_ = fingerprint_of(certificate);
     holder_ = holder_of(certificate);
     const bool vouched = X509_verify_cert(store) == 1;
-    doubt_ = vouched ? QString()
-                     : QString::fromLatin1(X509_verify_cert_error_string(X509_STORE_CTX_get_error(store)));
+    doubt_ = vouched ? QString() : QString::fromLatin1(X509_verify_cert_error_string(X509_STORE_CTX_get_error(store)));
     if (vouched) return true;
     if (trusted_.isEmpty() || fingerprint_ != trusted_) return false;
     X509_STORE_CTX_set_error(store, X509_V_OK);

@@ -127,7 +127,7 @@ int CurlHooks::moved(void* data, curl_off_t down_all, curl_off_t down, curl_off_
 
 size_t CurlHooks::receive(char* bytes, size_t size, size_t count, void* data) {
     const auto& running = *static_cast<Running*>(data);
-    const auto all = static_cast<qint64>(size * count);
+    const auto all = static_cast<qint64>(size) * static_cast<qint64>(count);
     if (!running.request.sink) return static_cast<size_t>(all);
     return running.request.sink(bytes, all) ? static_cast<size_t>(all) : CURL_WRITEFUNC_ERROR;
 }
@@ -135,7 +135,7 @@ size_t CurlHooks::receive(char* bytes, size_t size, size_t count, void* data) {
 size_t CurlHooks::send(char* bytes, size_t size, size_t count, void* data) {
     const auto& running = *static_cast<Running*>(data);
     if (!running.request.source) return 0;
-    const qint64 read = running.request.source(bytes, static_cast<qint64>(size * count));
+    const qint64 read = running.request.source(bytes, static_cast<qint64>(size) * static_cast<qint64>(count));
     return read < 0 ? CURL_READFUNC_ABORT : static_cast<size_t>(read);
 }
 

@@ -48,7 +48,8 @@ CurlSession::CurlSession(TransferLogin login, TransferWaits waits, Interruption&
       interruption_(interruption),
       watch_(std::move(watch)),
       check_(login_.host.name, login_.trusted_certificate),
-      easy_(curl_easy_init()) {}
+      easy_(curl_easy_init()) {
+}
 
 CurlSession::~CurlSession() {
     drop();
@@ -92,11 +93,13 @@ void CurlSession::configure(const CurlRequest& request) {
     set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2} | long{CURL_SSLVERSION_MAX_TLSv1_2});
     // One file of authorities instead of a folder of them is read once a session, not once a connection.
     set(CURLOPT_CAPATH, static_cast<char*>(nullptr));
-    // The certificate check of our own looks at the host's name as well, so that a trusted fingerprint can stand for it.
+    // The certificate check of our own looks at the host's name as well, so that a trusted fingerprint can stand for
+    // it.
     set(CURLOPT_SSL_VERIFYHOST, 0L);
 
     // A working folder that libcurl changes for itself alone: all other requests name absolute paths and leave it.
-    set(CURLOPT_FTP_FILEMETHOD, static_cast<long>(request.enter_folder ? CURLFTPMETHOD_SINGLECWD : CURLFTPMETHOD_NOCWD));
+    set(CURLOPT_FTP_FILEMETHOD,
+        static_cast<long>(request.enter_folder ? CURLFTPMETHOD_SINGLECWD : CURLFTPMETHOD_NOCWD));
     if (!request.listing.isEmpty()) set(CURLOPT_CUSTOMREQUEST, request.listing.constData());
     if (request.source) {
         set(CURLOPT_UPLOAD, 1L);
@@ -135,7 +138,8 @@ CurlAnswer CurlSession::perform(const CurlRequest& request) {
     control_socket_ = answer.end == CurlEnd::kItself ? socket : -1;
     if (control_socket_ < 0) drop();
     if (answer.result == CURLE_PEER_FAILED_VERIFICATION)
-        protection_ = {.protocol = {}, .holder = check_.holder(), .fingerprint = check_.fingerprint(), .doubt = check_.doubt()};
+        protection_ = {
+            .protocol = {}, .holder = check_.holder(), .fingerprint = check_.fingerprint(), .doubt = check_.doubt()};
     return answer;
 }
 
@@ -155,8 +159,8 @@ void CurlSession::drive(Running& running) {
             running.answer.result = CURLE_ABORTED_BY_CALLBACK;
             return;
         }
-        // libcurl does not always know what to wait for: having heard where to connect to for data, it waits for nothing
-        // at all, to the end of the time given.
+        // libcurl does not always know what to wait for: having heard where to connect to for data, it waits for
+        // nothing at all, to the end of the time given.
         const auto quiet = Running::Clock::now() - running.last_byte;
         const bool lively = quiet < kLively;
         if (!lively) watch_.idle();
@@ -166,6 +170,8 @@ void CurlSession::drive(Running& running) {
     int left = 0;
     while (const CURLMsg* const told = curl_multi_info_read(multi_, &left))
         if (told->msg == CURLMSG_DONE) running.answer.result = told->data.result;
+    // libcurl names what broke; whether it broke because time was up, or on request, is known here.
+    if (running.answer.result != CURLE_OK) running.go_on();
 }
 
 void CurlSession::note_protection(CURL* easy, const FtpTalk& talk) {
@@ -175,8 +181,12 @@ void CurlSession::note_protection(CURL* easy, const FtpTalk& talk) {
         const curl_tlssessioninfo* tls = nullptr;
         curl_easy_getinfo(easy, CURLINFO_TLS_SSL_PTR, &tls);
         if (tls == nullptr || tls->internals == nullptr) return;
-        protection_ = {.encrypted = true, .protocol = tls_protocol(tls->internals), .verified = check_.doubt().isEmpty(),
-                       .holder = check_.holder(), .fingerprint = check_.fingerprint(), .doubt = check_.doubt()};
+        protection_ = {.encrypted = true,
+                       .protocol = tls_protocol(tls->internals),
+                       .verified = check_.doubt().isEmpty(),
+                       .holder = check_.holder(),
+                       .fingerprint = check_.fingerprint(),
+                       .doubt = check_.doubt()};
     }
     if (const FtpReply* const files = talk.reply_to("PROT"); files != nullptr)
         protection_.files_encrypted = protection_.encrypted && files->good();

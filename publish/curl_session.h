@@ -23,13 +23,13 @@ struct SessionWatch {
 
 /// One request to libcurl. Without a source or a sink only its commands are sent.
 struct CurlRequest {
-    QByteArray path = "/";     ///< percent-encoded, absolute
-    bool enter_folder = false; ///< the path is a folder, and becomes the server's current one
-    QByteArrayList commands{};   ///< sent first, in the protocol's own words
-    QByteArrayList afterwards{};   ///< sent when the source has gone up whole
-    QByteArray listing{};        ///< the command for a listing in place of the usual one
-    std::function<bool(const char* bytes, qint64 count)> sink{};   ///< false ends the request
-    std::function<qint64(char* bytes, qint64 room)> source{};      ///< gives the count; below 0 ends the request
+    QByteArray path = "/";        ///< percent-encoded, absolute
+    bool enter_folder = false;    ///< the path is a folder, and becomes the server's current one
+    QByteArrayList commands{};    ///< sent first, in the protocol's own words
+    QByteArrayList afterwards{};  ///< sent when the source has gone up whole
+    QByteArray listing{};         ///< the command for a listing in place of the usual one
+    std::function<bool(const char* bytes, qint64 count)> sink{};  ///< false ends the request
+    std::function<qint64(char* bytes, qint64 room)> source{};     ///< gives the count; below 0 ends the request
     qint64 source_size = 0;
 };
 
@@ -39,9 +39,9 @@ struct CurlAnswer {
     CURLcode result = CURLE_OK;
     CurlEnd end = CurlEnd::kItself;
     FtpTalk talk{};
-    QString message{};    ///< libcurl's words for its result
+    QString message{};  ///< libcurl's words for its result
     int os_error = 0;   ///< errno, where the system refused
-    QByteArray home{};    ///< the folder that the server gave at the login
+    QByteArray home{};  ///< the folder that the server gave at the login
 };
 
 /// A libcurl session: one connection to one server, kept between requests, driven on the calling thread. A wait ends by
@@ -53,9 +53,10 @@ class CurlSession {
     CurlSession(const CurlSession&) = delete;
     CurlSession& operator=(const CurlSession&) = delete;
 
-    [[nodiscard]] CurlAnswer perform(const CurlRequest& request);
+    CurlAnswer perform(const CurlRequest& request);
 
-    /// Whether the connection of an earlier request can be used again. The server's farewell while nobody asked ends it.
+    /// Whether the connection of an earlier request can be used again. The server's farewell while nobody asked ends
+    /// it.
     [[nodiscard]] bool connected() const;
     /// Closes the connection; waits for nothing.
     void drop();

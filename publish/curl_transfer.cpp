@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 namespace pondera {
 
 CurlTransfer::CurlTransfer(QObject* parent, TransferWaits waits)
-    : InternetTransfer(parent), worker_(std::move(waits), reports()) {}
+    : InternetTransfer(parent), worker_(std::move(waits), reports()) {
+}
 
 CurlTransfer::~CurlTransfer() = default;
 
@@ -29,26 +30,28 @@ JobReports CurlTransfer::reports() {
             Qt::QueuedConnection);
     };
     return {
-        .states =
-            [this, here](int job, const QList<InternetState>& states) { here(job, [this, states] { tell(states); }); },
+        .states = [this, here](int job,
+                               const QList<InternetState>& states) { here(job, [this, states] { tell(states); }); },
         .progress =
             [this, here, kBetweenProgress, last = Clock::time_point()](int job, qint64 now, qint64 total) mutable {
                 if (Clock::now() - last < kBetweenProgress) return;
                 last = Clock::now();
                 here(job, [this, now, total] { emit Progress(now, total); });
             },
-        .done = [this, here](int job, const QList<InternetState>& states, TransferOutcome outcome) {
-            here(job, [this, job, states, outcome = std::move(outcome)] {
-                tell(states);
-                if (running_ && job == job_) finish(outcome);
-            });
-        },
+        .done =
+            [this, here](int job, const QList<InternetState>& states, TransferOutcome outcome) {
+                here(job, [this, job, states, outcome = std::move(outcome)] {
+                    tell(states);
+                    if (running_ && job == job_) finish(outcome);
+                });
+            },
     };
 }
 
 TransferResult<TransferJob> CurlTransfer::job_for(const QString& command) const {
     const std::expected<RemoteHost, HostFault> host = parse_host(host_);
     if (!host) return std::unexpected(fault(host.error() == HostFault::kMalformed ? kBadAddress : kUnknownScheme));
+    if (host->protocol != HostProtocol::kFtp) return std::unexpected(fault(kUnknownScheme));
     if (has_control_characters(user_)) return std::unexpected(fault(kUserRefused));
     if (has_control_characters(password_)) return std::unexpected(fault(kPasswordRefused));
     const auto parsed = parse_command(command, [](const QString& path) { return QFileInfo(path).isFile(); });
@@ -70,7 +73,10 @@ void CurlTransfer::Execute(const QString& command) {
     ++job_;
     if (!job) {
         QMetaObject::invokeMethod(
-            this, [this, number = job_, why = job.error()] { if (running_ && number == job_) refuse(why); },
+            this,
+            [this, number = job_, why = job.error()] {
+                if (running_ && number == job_) refuse(why);
+            },
             Qt::QueuedConnection);
         return;
     }

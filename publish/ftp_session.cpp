@@ -39,7 +39,8 @@ TransferResult<void> renamed(const CurlAnswer& answer) {
 
 FtpSession::FtpSession(const TransferLogin& login, const TransferWaits& waits, Interruption& interruption,
                        SessionWatch watch)
-    : curl_(login, waits, interruption, std::move(watch)) {}
+    : curl_(login, waits, interruption, std::move(watch)) {
+}
 
 TransferResult<void> FtpSession::open() {
     if (curl_.connected()) return {};
@@ -93,16 +94,21 @@ TransferResult<void> FtpSession::remove_file(const QString& path) {
     return command("DELE", path);
 }
 
+void FtpSession::discard(const QString& path) {
+    curl_.perform({.commands = {"DELE " + wire(path)}});
+}
+
 TransferResult<RemoteListing> FtpSession::list(const QString& folder) {
     QByteArray bytes;
     const CurlAnswer answer = curl_.perform({
         .path = url_path(folder.endsWith(u'/') ? folder : folder + u'/'),
         .enter_folder = true,
         .listing = machine_listings_ ? "MLSD" : "LIST",
-        .sink = [&bytes](const char* part, qint64 count) {
-            bytes.append(part, count);
-            return bytes.size() <= kLongestListing;
-        },
+        .sink =
+            [&bytes](const char* part, qint64 count) {
+                bytes.append(part, count);
+                return bytes.size() <= kLongestListing;
+            },
     });
     if (const TransferResult<void> result = result_of(answer); !result) return std::unexpected(result.error());
     RemoteListing listing = parse_listing(bytes);
@@ -128,11 +134,12 @@ TransferResult<void> FtpSession::upload(OutgoingFile& file, const QString& path,
     const CurlAnswer answer = curl_.perform({
         .path = url_path(path),
         .afterwards = name.isEmpty() ? QByteArrayList() : rename_commands(wire(path), wire(name)),
-        .source = [&](char* bytes, qint64 room) {
-            const qint64 count = file.read(bytes, room);
-            same = count >= 0;
-            return count;
-        },
+        .source =
+            [&](char* bytes, qint64 room) {
+                const qint64 count = file.read(bytes, room);
+                same = count >= 0;
+                return count;
+            },
         .source_size = file.size(),
     });
     if (!same) return std::unexpected(fault(kFileChanged));
@@ -159,14 +166,14 @@ TransferResult<void> FtpSession::send(OutgoingFile& file, const QString& path) {
     if (whole && refusal) {
         result = make_way(temporary, path, result.error());
         if (result || renaming_ != Renaming::kNever) return result;
-        (void)remove_file(temporary);
+        discard(temporary);
         return upload(file, path);
     }
     // A server may let files be written over in a folder where it lets none be made.
     const bool not_this_name = refusal && (result.error().text.startsWith(QString::number(kNameNotAllowed)) ||
                                            result.error().text.startsWith(QString::number(kNoSuchFile)));
     if (not_this_name) return upload(file, path);
-    if (curl_.connected()) (void)remove_file(temporary);
+    if (curl_.connected()) discard(temporary);
     return result;
 }
 
@@ -183,7 +190,7 @@ TransferResult<void> FtpSession::make_way(const QString& whole, const QString& p
     }
     const QString& ready = renaming_ == Renaming::kOverFiles ? other : whole;
     if (const TransferResult<void> deleted = remove_file(path); !deleted) {
-        (void)remove_file(ready);
+        discard(ready);
         return std::unexpected(refusal);
     }
     const TransferResult<void> result = rename(ready, path);

@@ -31,10 +31,14 @@ class FtpSession : public RemoteSession {
 
     [[nodiscard]] TransferResult<void> command(const QByteArray& verb, const QString& path);
     /// Uploads as `path`, then renames to `name` when it is not empty; `whole` tells whether the upload was.
-    [[nodiscard]] TransferResult<void> upload(OutgoingFile& file, const QString& path, const QString& name, bool& whole);
+    [[nodiscard]] TransferResult<void> upload(OutgoingFile& file, const QString& path, const QString& name,
+                                              bool& whole);
     [[nodiscard]] TransferResult<void> upload(OutgoingFile& file, const QString& path);
     [[nodiscard]] TransferResult<void> rename(const QString& from, const QString& to);
-    [[nodiscard]] TransferResult<void> make_way(const QString& whole, const QString& path, const TransferFault& refusal);
+    [[nodiscard]] TransferResult<void> make_way(const QString& whole, const QString& path,
+                                                const TransferFault& refusal);
+    /// Removes a file of our own, if that can be done.
+    void discard(const QString& path);
     [[nodiscard]] QByteArray wire(const QString& path) const;
     [[nodiscard]] QByteArray url_path(const QString& path) const;
 

@@ -8,7 +8,7 @@ namespace pondera {
 /// One reply of the server, with the command that it answers.
 struct FtpReply {
     QByteArray command{};  ///< the verb alone, so that no password is kept; empty for the welcome
-    int code = 0;        ///< 0 until the reply is whole
+    int code = 0;          ///< 0 until the reply is whole
     QByteArray text{};     ///< all lines, joined by "\n"
 
     [[nodiscard]] bool good() const { return code >= 100 && code < 400; }

@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace pondera {
 
-OutgoingFile::OutgoingFile(const QString& path) : file_(path) {}
+OutgoingFile::OutgoingFile(const QString& path) : file_(path) {
+}
 
 FileResult<void> OutgoingFile::open() {
     file_.close();

@@ -18,8 +18,8 @@ class OutgoingFile {
     /// Opens the file, or begins again with its first byte.
     [[nodiscard]] FileResult<void> open();
     [[nodiscard]] qint64 size() const { return size_; }
-    /// The next bytes; -1 when the file is not any longer the one that was opened. Once the last byte has been given, all
-    /// are of one version.
+    /// The next bytes; -1 when the file is not any longer the one that was opened. Once the last byte has been given,
+    /// all are of one version.
     qint64 read(char* bytes, qint64 room);
 
   private:

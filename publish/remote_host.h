@@ -11,7 +11,7 @@ enum class HostProtocol { kFtp, kSftp };
 /// A server as libcurl is told of it.
 struct RemoteHost {
     HostProtocol protocol = HostProtocol::kFtp;
-    QString name;   ///< a host name in its ASCII form, or a number; an IPv6 number without brackets
+    QString name;  ///< a host name in its ASCII form, or a number; an IPv6 number without brackets
     int port = 21;
 
     friend bool operator==(const RemoteHost&, const RemoteHost&) = default;

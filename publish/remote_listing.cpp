@@ -38,7 +38,8 @@ std::optional<RemoteEntry> machine_entry(const Line& line) {
     return entry;
 }
 
-/// "-rw-r--r--   1 user  group  120 Jan 02 12:00 name"; owner or group may be missing, the date may be "2024-01-02 12:00".
+/// "-rw-r--r--   1 user  group  120 Jan 02 12:00 name"; owner or group may be missing, the date may be "2024-01-02
+/// 12:00".
 std::optional<RemoteEntry> unix_entry(const Line& line) {
     static const QRegularExpression kLine(
         u"^([-d])[-rwxsStTlL]{9}[+.@]?\\s+(?:\\d+\\s+)?(?:\\S+\\s+){0,3}?(\\d+)\\s+"

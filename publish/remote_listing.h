@@ -10,7 +10,7 @@ namespace pondera {
 struct RemoteEntry {
     QString name{};
     bool folder = false;
-    qint64 size = -1;      ///< in bytes; -1 when the server does not say
+    qint64 size = -1;        ///< in bytes; -1 when the server does not say
     QByteArray wire_name{};  ///< the name's bytes as the server sent them: commands must send these again
 
     friend bool operator==(const RemoteEntry&, const RemoteEntry&) = default;
@@ -18,7 +18,7 @@ struct RemoteEntry {
 
 /// A remote folder's listing: the reply as the server sent it, and what could be read from it.
 struct RemoteListing {
-    QString text;               ///< the raw lines, with their line ends
+    QString text;  ///< the raw lines, with their line ends
     QList<RemoteEntry> entries;
 };
 

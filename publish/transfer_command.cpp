@@ -80,8 +80,8 @@ std::optional<QString> one_name(QString text) {
 std::optional<TransferCommand> parse_command(const QString& command,
                                              const std::function<bool(const QString& path)>& is_file) {
     static const QHash<QString, TransferVerb> kVerbs = {
-        {u"DIR"_s, TransferVerb::kDir},     {u"CD"_s, TransferVerb::kCd},         {u"CDUP"_s, TransferVerb::kCdUp},
-        {u"GET"_s, TransferVerb::kGet},     {u"SEND"_s, TransferVerb::kSend},     {u"MKDIR"_s, TransferVerb::kMkDir},
+        {u"DIR"_s, TransferVerb::kDir},       {u"CD"_s, TransferVerb::kCd},       {u"CDUP"_s, TransferVerb::kCdUp},
+        {u"GET"_s, TransferVerb::kGet},       {u"SEND"_s, TransferVerb::kSend},   {u"MKDIR"_s, TransferVerb::kMkDir},
         {u"DELETE"_s, TransferVerb::kDelete}, {u"RMDIR"_s, TransferVerb::kRmDir},
     };
     if (has_control_characters(command)) return std::nullopt;

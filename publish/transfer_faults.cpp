@@ -22,9 +22,9 @@ TransferFault broken(ResponseNumber number) {
 TransferFault login_fault(const FtpTalk& talk) {
     const FtpReply* const last = talk.last();
     if (last == nullptr) return fault(kLoginFailed);
-    TransferFault result = fault(last->command == "USER"                                   ? kUserRefused
+    TransferFault result = fault(last->command == "USER"                                 ? kUserRefused
                                  : last->command == "PASS" && last->code == kNotLoggedIn ? kPasswordRefused
-                                                                                           : kLoginFailed);
+                                                                                         : kLoginFailed);
     result.text += u' ' + decode_text(last->text).text;
     return result;
 }
@@ -45,7 +45,7 @@ TransferFault fault(ResponseNumber number) {
     static const QHash<int, QString> kSentences = {
         {kTimedOut, u"The server does not answer."_s},
         {kBadAddress, u"This is not the name of a server."_s},
-        {kUnknownScheme, u"Only servers for FTP and SFTP can be reached."_s},
+        {kUnknownScheme, u"Only servers for FTP can be reached."_s},
         {kNameNotResolved, u"There is no server of this name, or the network is off."_s},
         {kUserRefused, u"The server does not accept the user name."_s},
         {kPasswordRefused, u"The server does not accept the password."_s},

@@ -54,11 +54,11 @@ enum ResponseNumber : int {
 struct LineProtection {
     bool encrypted = false;        ///< what is said to the server, the password included
     bool files_encrypted = false;  ///< the files as well
-    QString protocol{};              ///< "TLSv1.2", "SSH"; empty without protection
+    QString protocol{};            ///< "TLSv1.2", "SSH"; empty without protection
     bool verified = false;         ///< the system trusts the server's certificate, or the host key is known
-    QString holder{};                ///< whom the certificate names
-    QByteArray fingerprint{};        ///< SHA-256 of the certificate or host key, lower-case hexadecimal
-    QString doubt{};                 ///< why it is not trusted; empty when it is
+    QString holder{};              ///< whom the certificate names
+    QByteArray fingerprint{};      ///< SHA-256 of the certificate or host key, lower-case hexadecimal
+    QString doubt{};               ///< why it is not trusted; empty when it is
 };
 
 /// All that a command leaves behind.

@@ -52,8 +52,9 @@ void TransferWorker::run() {
         {
             std::unique_lock lock(mutex_);
             changed_.wait(lock, [this] { return ending_ || waiting_; });
-            if (ending_) break;
-            job = *std::exchange(waiting_, std::nullopt);
+            if (ending_ || !waiting_) break;
+            job = std::move(*waiting_);
+            waiting_.reset();
             interruption_.clear();
         }
         job_ = job.number;

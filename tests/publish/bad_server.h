@@ -22,10 +22,10 @@ class BadServer : public QTcpServer {
     QByteArray welcome = "220 ready\r\n";
     QByteArrayList features = {"UTF8"};
     QByteArray listing;
-    qint64 cut_after = -1;          ///< the bytes of an upload after which it hangs up
+    qint64 cut_after = -1;  ///< the bytes of an upload after which it hangs up
     bool silent_after_upload = false;
     QHash<QByteArray, QByteArray> files;
-    QByteArrayList commands;        ///< all lines
+    QByteArrayList commands;  ///< all lines
     int sessions = 0;
 
     [[nodiscard]] QString host() const { return QStringLiteral("127.0.0.1:%1").arg(serverPort()); }

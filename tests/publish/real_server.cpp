@@ -40,10 +40,9 @@ RealServer::~RealServer() {
 
 void RealServer::make_certificate() {
     QProcess openssl;
-    openssl.start(
-        u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
-                       u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s,
-                       folder_.path(u"cert.pem"_s)});
+    openssl.start(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s,
+                                 u"-subj"_s, u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s,
+                                 folder_.path(u"cert.pem"_s)});
     EXPECT_TRUE(openssl.waitForFinished());
     EXPECT_EQ(openssl.exitCode(), 0);
 }
@@ -54,13 +53,15 @@ QStringList RealServer::command() {
         return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/serve.py"), path({}), port,
                 tls_ ? folder_.path({}) : QString()};
     // It runs as whoever runs the test, so it needs no root.
-    QString settings = u"run_as_launching_user=YES\nlisten=YES\nlisten_address=127.0.0.1\nlisten_port=%1\n"
-                       u"background=NO\nseccomp_sandbox=NO\nanonymous_enable=YES\nlocal_enable=NO\nwrite_enable=YES\n"
-                       u"anon_root=%2\nanon_upload_enable=YES\nanon_mkdir_write_enable=YES\nanon_umask=022\n"
-                       u"anon_other_write_enable=YES\nanon_world_readable_only=NO\nno_anon_password=NO\n"_s.arg(port, path({}));
+    QString settings =
+        u"run_as_launching_user=YES\nlisten=YES\nlisten_address=127.0.0.1\nlisten_port=%1\n"
+        u"background=NO\nseccomp_sandbox=NO\nanonymous_enable=YES\nlocal_enable=NO\nwrite_enable=YES\n"
+        u"anon_root=%2\nanon_upload_enable=YES\nanon_mkdir_write_enable=YES\nanon_umask=022\n"
+        u"anon_other_write_enable=YES\nanon_world_readable_only=NO\nno_anon_password=NO\n"_s.arg(port, path({}));
     if (tls_)
-        settings += u"ssl_enable=YES\nallow_anon_ssl=YES\nforce_local_logins_ssl=NO\nforce_local_data_ssl=NO\n"
-                    u"ssl_ciphers=HIGH\nrsa_cert_file=%1/cert.pem\nrsa_private_key_file=%1/key.pem\n"_s.arg(folder_.path({}));
+        settings +=
+            u"ssl_enable=YES\nallow_anon_ssl=YES\nforce_local_logins_ssl=NO\nforce_local_data_ssl=NO\n"
+            u"ssl_ciphers=HIGH\nrsa_cert_file=%1/cert.pem\nrsa_private_key_file=%1/key.pem\n"_s.arg(folder_.path({}));
     return {u"/usr/sbin/vsftpd"_s, folder_.put(u"vsftpd.conf"_s, settings.toUtf8())};
 }
 

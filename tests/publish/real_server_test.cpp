@@ -1,9 +1,10 @@
+#include "tests/publish/real_server.h"
+
 #include <QFile>
 
 #include "publish/remote_name.h"
 #include "publish/transfer_command.h"
 #include "tests/publish/control.h"
-#include "tests/publish/real_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +26,10 @@ TEST_P(RealServers, AWebsitesWayUpAndBack) {
     const TestFolder site;
     QByteArray picture(300'000, Qt::Uninitialized);
     for (qsizetype i = 0; i < picture.size(); ++i) picture[i] = static_cast<char>(i * 31 + i / 251);
-    const QHash<QString, QByteArray> files = {{u"index.htm"_s, "<HTML>\r\nhome\n</HTML>"}, {u"empty.htm"_s, ""},
-                                              {u"a b;type=a%41 [1]*è.gif"_s, picture},   {u"-l"_s, "dash"}};
+    const QHash<QString, QByteArray> files = {{u"index.htm"_s, "<HTML>\r\nhome\n</HTML>"},
+                                              {u"empty.htm"_s, ""},
+                                              {u"a b;type=a%41 [1]*è.gif"_s, picture},
+                                              {u"-l"_s, "dash"}};
     for (auto file = files.begin(); file != files.end(); ++file) site.put(file.key(), file.value());
 
     Control control;
@@ -86,8 +89,9 @@ TEST_P(RealServers, RefusalsAreTheServersWordsAndTheSessionStands) {
     QDir().mkpath(server.path(u"folder/inside"_s));
     ASSERT_EQ(control.run(u"CD folder"_s), kFine);
     const QString folder = control.inet.RemoteFolder();
-    for (const QString& command : {u"CD nowhere"_s, u"RMDIR nowhere"_s, u"DELETE nowhere"_s, u"MKDIR inside"_s,
-                                   u"GET nowhere "_s + site.path(u"old.htm"_s), u"SEND "_s + site.path(u"old.htm"_s) + u" inside"_s}) {
+    for (const QString& command :
+         {u"CD nowhere"_s, u"RMDIR nowhere"_s, u"DELETE nowhere"_s, u"MKDIR inside"_s,
+          u"GET nowhere "_s + site.path(u"old.htm"_s), u"SEND "_s + site.path(u"old.htm"_s) + u" inside"_s}) {
         EXPECT_EQ(control.run(command), kServerAnsweredError) << command.toStdString();
         EXPECT_TRUE(control.inet.ResponseInfo().startsWith(u'5')) << control.inet.ResponseInfo().toStdString();
         EXPECT_EQ(control.states.last(), InternetState::kResponseCompleted);
