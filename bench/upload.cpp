@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QProcess>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "publish/curl_transfer.h"
@@ -26,10 +27,13 @@ QStringList make_website(const TestFolder& folder, int files) {
         names << (picture ? u"picture%1.gif"_s : u"_4_page%1.htm"_s).arg(i);
         folder.put(names.last(), bytes);
     }
+    names.sort();
     return names;
 }
 
-/// Milliseconds for all files; -1 when one failed.
+constexpr qint64 kNever = 1'000'000'000;
+
+/// Milliseconds for all files; kNever when one failed.
 qint64 with_control(const RealServer& server, const TestFolder& site, const QStringList& names, bool tls) {
     CurlTransfer inet;
     inet.set_host(server.host());
@@ -60,7 +64,7 @@ qint64 with_control(const RealServer& server, const TestFolder& site, const QStr
     time.start();
     inet.Execute(u"MKDIR ours"_s);
     loop.exec();
-    return fine ? time.elapsed() : -1;
+    return fine ? time.elapsed() : kNever;
 }
 
 qint64 with_lftp(const RealServer& server, const TestFolder& site, const QString& folder, const QString& settings) {
@@ -70,8 +74,10 @@ qint64 with_lftp(const RealServer& server, const TestFolder& site, const QString
             settings, server.host(), server.remote_root() + u'/' + folder, site.path());
     QElapsedTimer time;
     time.start();
-    const int result = QProcess::execute(u"lftp"_s, {u"-c"_s, script});
-    return result == 0 ? time.elapsed() : -1;
+    QProcess process;
+    process.start(u"lftp"_s, {u"-c"_s, script});
+    const bool ended = process.waitForFinished(60'000);
+    return ended && process.exitCode() == 0 ? time.elapsed() : kNever;
 }
 
 }  // namespace
@@ -83,18 +89,24 @@ int main(int count, char** arguments) {
     const TestFolder site;
     const QStringList names = make_website(site, files);
     for (const bool tls : {false, true}) {
-        const RealServer server(python ? RealServer::Kind::kPyftpdlib : RealServer::Kind::kVsftpd, tls);
         const QString protection =
             tls ? u"set ftp:ssl-force yes; set ftp:ssl-protect-data yes"_s : u"set ftp:ssl-allow no"_s;
-        const qint64 ours = with_control(server, site, names, tls);
-        std::printf("control %lld ms\n", ours);
-        std::fflush(stdout);
-        const qint64 lftp = with_lftp(server, site, u"lftp"_s, protection);
-        const qint64 careful = with_lftp(server, site, u"careful"_s, protection + u"; set xfer:use-temp-file yes"_s);
+        // By turns and the best of three, since the machine has other work too.
+        qint64 ours = kNever;
+        qint64 lftp = kNever;
+        qint64 careful = kNever;
+        for (int round = 0; round < 3; ++round) {
+            const RealServer server(python ? RealServer::Kind::kPyftpdlib : RealServer::Kind::kVsftpd, tls);
+            ours = std::min(ours, with_control(server, site, names, tls));
+            lftp = std::min(lftp, with_lftp(server, site, u"lftp"_s, protection));
+            careful = std::min(careful,
+                               with_lftp(server, site, u"careful"_s, protection + u"; set xfer:use-temp-file yes"_s));
+            if (server.names(u"ours"_s) != names) std::printf("not all files are there\n");
+        }
         std::printf("%-5s %d files: control %lld ms, lftp %lld ms (%.2f), lftp with temporary names %lld ms (%.2f)\n",
                     tls ? "TLS" : "plain", files, ours, lftp, double(ours) / double(lftp), careful,
                     double(ours) / double(careful));
-        if (server.names(u"ours"_s) != server.names(u"lftp"_s)) std::printf("the folders differ\n");
+        std::fflush(stdout);
     }
     return 0;
 }

@@ -28,7 +28,7 @@ qsizetype BadServer::count(const QByteArray& verb) const {
 
 void BadServer::farewell() {
     for (const QPointer<QTcpSocket>& control : controls_) {
-        if (control == nullptr) continue;
+        if (control == nullptr || control->state() != QTcpSocket::ConnectedState) continue;
         control->write("421 idle for too long\r\n");
         control->disconnectFromHost();
     }
@@ -42,7 +42,8 @@ void BadServer::begin() {
     ++sessions;
     session->control->write(welcome);
     connect(session->control, &QTcpSocket::readyRead, this, [this, session] {
-        while (session->control->canReadLine()) answer(*session, session->control->readLine().trimmed());
+        while (session->control->isOpen() && session->control->canReadLine())
+            answer(*session, session->control->readLine().trimmed());
     });
     connect(&session->passive, &QTcpServer::newConnection, this, [this, session] {
         session->data = session->passive.nextPendingConnection();

@@ -1,5 +1,6 @@
 """Serves a folder by FTP to anybody: serve.py FOLDER PORT [FOLDER OF cert.pem AND key.pem]"""
 
+import logging
 import os
 import sys
 import warnings
@@ -10,6 +11,7 @@ from pyftpdlib.servers import FTPServer
 
 folder, port, keys = sys.argv[1], int(sys.argv[2]), sys.argv[3] if len(sys.argv) > 3 else ""
 warnings.simplefilter("ignore")
+logging.basicConfig(level=logging.WARNING)
 handler = FTPHandler
 if keys:
     handler = TLS_FTPHandler
