@@ -53,7 +53,6 @@ TransferFault fault(ResponseNumber number) {
         {kNotAllowed, u"Files are only brought into the folder of the Website."_s},
         {kCancelled, u"Cancelled."_s},
         {kFileChanged, u"The file changed while it was sent."_s},
-        {kStillBusy, u"Another command is still running."_s},
         {kBadCommand, u"This command is not known, or its names cannot be told apart."_s},
         {kLocalFileMissing, u"The file does not exist."_s},
         {kCannotConnect, u"The server cannot be reached."_s},

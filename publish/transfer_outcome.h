@@ -40,7 +40,6 @@ enum ResponseNumber : int {
     kNotAllowed = 12016,
     kCancelled = 12017,
     kFileChanged = 12019,
-    kStillBusy = 12026,
     kBadCommand = 12027,
     kLocalFileMissing = 12028,
     kCannotConnect = 12029,

@@ -17,9 +17,14 @@ struct BadServer::Session {
     enum { kIdle, kStoring, kSending } work = kIdle;
 };
 
-BadServer::BadServer() {
-    listen(QHostAddress::LocalHost);
+BadServer::BadServer(const QHostAddress& address) {
+    listen(address);
     connect(this, &QTcpServer::newConnection, this, &BadServer::begin);
+}
+
+QString BadServer::host() const {
+    const bool v6 = serverAddress().protocol() == QAbstractSocket::IPv6Protocol;
+    return QStringLiteral("%1:%2").arg(v6 ? QStringLiteral("[::1]") : serverAddress().toString()).arg(serverPort());
 }
 
 qsizetype BadServer::count(const QByteArray& verb) const {
@@ -72,7 +77,7 @@ QByteArray BadServer::reply_to(Session& session, const QByteArray& verb, const Q
     if (verb == "EPSV") {
         session.data = nullptr;
         session.passive.close();
-        session.passive.listen(QHostAddress::LocalHost);
+        session.passive.listen(serverAddress());
         return "229 entering (|||" + QByteArray::number(session.passive.serverPort()) + "|)";
     }
     if (verb == "PASV") {
@@ -110,6 +115,12 @@ void BadServer::move_data(Session& session) {
     if (session.data == nullptr || session.work == Session::kIdle) return;
     if (session.work == Session::kSending) {
         session.work = Session::kIdle;
+        if (cut_after >= 0) {
+            session.data->write(session.sending.first(std::exchange(cut_after, -1)));
+            session.data->disconnectFromHost();
+            session.control->disconnectFromHost();
+            return;
+        }
         session.data->write(session.sending);
         session.data->disconnectFromHost();
         session.control->write("226 done\r\n");

@@ -14,7 +14,7 @@ namespace pondera {
 /// A small FTP server on loopback that behaves badly where a test wants it to. It counts what it is told.
 class BadServer : public QTcpServer {
   public:
-    BadServer();
+    explicit BadServer(const QHostAddress& address = QHostAddress::LocalHost);
 
     /// What the control connection answers to a command line in place of the usual reply; "" says nothing at all,
     /// "hang up" closes the connection.
@@ -22,13 +22,13 @@ class BadServer : public QTcpServer {
     QByteArray welcome = "220 ready\r\n";
     QByteArrayList features = {"UTF8"};
     QByteArray listing;
-    qint64 cut_after = -1;  ///< the bytes of an upload after which it hangs up
+    qint64 cut_after = -1;  ///< the bytes of a file after which it hangs up, once
     bool silent_after_upload = false;
     QHash<QByteArray, QByteArray> files;
     QByteArrayList commands;  ///< all lines
     int sessions = 0;
 
-    [[nodiscard]] QString host() const { return QStringLiteral("127.0.0.1:%1").arg(serverPort()); }
+    [[nodiscard]] QString host() const;
     [[nodiscard]] qsizetype count(const QByteArray& verb) const;
     /// Says goodbye to all sessions, unasked.
     void farewell();

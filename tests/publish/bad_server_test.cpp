@@ -65,6 +65,31 @@ TEST_F(BadServers, BrokenConnectionsAreBuiltAgain) {
     server.farewell();
     EXPECT_EQ(send(), kFine);
     EXPECT_EQ(server.sessions, 5);
+    server.cut_after = 1'000;
+    const QString copy = site.put(u"copy.htm"_s, "old");
+    EXPECT_EQ(control.run(u"GET page.htm "_s + copy), kFine);
+    EXPECT_EQ(site.bytes(u"copy.htm"_s).size(), 200'000);
+    EXPECT_EQ(server.sessions, 6);
+}
+
+TEST_F(BadServers, HalfAFileLeavesTheLocalOneAsItWas) {
+    server.files = {{"/home/page.htm", QByteArray(200'000, 's')}};
+    server.cut_after = 1'000;
+    Control once({.retries = {}});
+    once.inet.set_host(server.host());
+    once.inet.set_local_root(site.path());
+    const QString copy = site.put(u"copy.htm"_s, "old");
+    EXPECT_EQ(once.run(u"GET page.htm "_s + copy), kConnectionEnded);
+    EXPECT_EQ(site.bytes(u"copy.htm"_s), "old");
+    EXPECT_EQ(QDir(site.path()).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(BadServers, Ipv6) {
+    BadServer server6(QHostAddress::LocalHostIPv6);
+    if (!server6.isListening()) GTEST_SKIP() << "This machine has no IPv6.";
+    control.inet.set_host(server6.host());
+    EXPECT_EQ(send(), kFine) << control.inet.ResponseInfo().toStdString();
+    EXPECT_EQ(server6.files.value("/home/page.htm").size(), 200'000);
 }
 
 TEST_F(BadServers, AConnectionThatBreaksForEverEndsTheCommand) {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "publish/remote_name.h"
-#include "tests/support/print_qt.h"
+#include "tests/support/qt_text.h"
 #include "tests/support/tables.h"
 
 using namespace Qt::StringLiterals;
