@@ -20,16 +20,7 @@ namespace {
 constexpr int kPageWidth = 980;  // the width of the interface models' pages
 
 QString copy_fault_message(const FileError& error) {
-    switch (error.number) {
-        case FaultNumber::kDiskFull:
-            return u"The picture could not be copied into the Website: the disk is full."_s;
-        case FaultNumber::kPermissionDenied:
-            return u"The picture could not be copied into the Website: no permission for %1."_s.arg(error.path);
-        case FaultNumber::kPathNotFound:
-            return u"The picture could not be copied into the Website: %1 does not exist."_s.arg(error.path);
-        default:
-            return u"The picture could not be copied into the Website. %1"_s.arg(error.reason);
-    }
+    return u"The picture could not be copied into the Website. "_s + fault_sentence(error);
 }
 
 /// The size to write for a picture, invalid for its own size; nothing when the person wants none of it.

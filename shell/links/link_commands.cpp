@@ -17,16 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString copy_fault_message(const FileError& error) {
-    switch (error.number) {
-        case FaultNumber::kDiskFull:
-            return u"The file could not be copied into the Website: the disk is full."_s;
-        case FaultNumber::kPermissionDenied:
-            return u"The file could not be copied into the Website: no permission for %1."_s.arg(error.path);
-        case FaultNumber::kPathNotFound:
-            return u"The file could not be copied into the Website: %1 does not exist."_s.arg(error.path);
-        default:
-            return u"The file could not be copied into the Website. %1"_s.arg(error.reason);
-    }
+    return u"The file could not be copied into the Website. "_s + fault_sentence(error);
 }
 
 /// True when no words and no picture are selected, such as the end of a paragraph alone.
