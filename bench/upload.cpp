@@ -9,9 +9,9 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "publish/curl_transfer.h"
-#include "publish/transfer_command.h"
-#include "tests/publish/real_server.h"
+#include "publish/transfer/curl_transfer.h"
+#include "publish/transfer/transfer_command.h"
+#include "tests/publish/transfer/real_server.h"
 
 using namespace Qt::StringLiterals;
 using namespace pondera;

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "publish/sending/publication.h"
+
+namespace pondera {
+
+class Roots;
+
+/// What a publication to a folder did.
+struct FolderPublication {
+    int files = 0;  ///< written
+    int removed = 0;
+    qint64 bytes = 0;
+    bool cancelled = false;
+};
+
+/// The message why `folder` cannot take a Website (missing, not writable, among the Websites); empty when it can.
+[[nodiscard]] QString refusal_of_folder(const Roots& roots, const QString& folder);
+
+/// Publishes a Website into `folder`/NAME of a drive or a mounted share, by the rules of a publication to a server:
+/// what is there as recorded is left alone, each file is replaced whole or not at all, the home page comes last, and an
+/// interrupted publication goes on where it stopped.
+[[nodiscard]] FileResult<FolderPublication> publish_to_folder(const Roots& roots, const QString& website,
+                                                              const QString& folder, PublicationMode mode,
+                                                              bool remove_deleted, const Steps& steps = {});
+
+}  // namespace pondera

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QByteArrayList>
+#include <QString>
+
+#include <curl/curl.h>
+#include <functional>
+
+#include "publish/transfer/certificate_check.h"
+#include "publish/transfer/ftp_talk.h"
+#include "publish/transfer/interruption.h"
+#include "publish/transfer/transfer_login.h"
+#include "publish/transfer/transfer_outcome.h"
+
+namespace pondera {
+
+/// What a session tells of while it works; called on the session's thread.
+struct SessionWatch {
+    std::function<void(InternetState)> state;
+    std::function<void(qint64 now, qint64 total)> progress;
+    std::function<void()> idle;  ///< again and again while the server is waited for
+};
+
+/// One request to libcurl. Without a source or a sink only its commands are sent.
+struct CurlRequest {
+    QByteArray path = "/";        ///< percent-encoded, absolute
+    bool enter_folder = false;    ///< the path is a folder, and becomes the server's current one
+    QByteArrayList commands{};    ///< sent first, in the protocol's own words
+    QByteArrayList afterwards{};  ///< sent when the source has gone up whole
+    QByteArray listing{};         ///< the command for a listing in place of the usual one
+    std::function<bool(const char* bytes, qint64 count)> sink{};  ///< false ends the request
+    std::function<qint64(char* bytes, qint64 room)> source{};     ///< gives the count; below 0 ends the request
+    qint64 source_size = 0;
+};
+
+enum class CurlEnd { kItself, kInterrupted, kTooSlow, kEndlessReply };
+
+struct CurlAnswer {
+    CURLcode result = CURLE_OK;
+    CurlEnd end = CurlEnd::kItself;
+    FtpTalk talk{};
+    QString message{};  ///< libcurl's words for its result
+    int os_error = 0;   ///< errno, where the system refused
+    QByteArray home{};  ///< the folder that the server gave at the login
+};
+
+/// A libcurl session: one connection to one server, kept between requests, driven on the calling thread. A wait ends by
+/// the bounds of `TransferWaits` or by the interruption.
+class CurlSession {
+  public:
+    CurlSession(TransferLogin login, TransferWaits waits, Interruption& interruption, SessionWatch watch);
+    ~CurlSession();
+    CurlSession(const CurlSession&) = delete;
+    CurlSession& operator=(const CurlSession&) = delete;
+
+    CurlAnswer perform(const CurlRequest& request);
+
+    /// Whether the connection of an earlier request can be used again. The server's farewell while nobody asked ends
+    /// it.
+    [[nodiscard]] bool connected() const;
+    /// Closes the connection; waits for nothing.
+    void drop();
+
+    [[nodiscard]] const TransferLogin& login() const { return login_; }
+    [[nodiscard]] const SessionWatch& watch() const { return watch_; }
+    /// How the line is protected; after a certificate that was not trusted, whose it is.
+    [[nodiscard]] const LineProtection& protection() const { return protection_; }
+
+  private:
+    struct Running;
+    friend struct CurlHooks;
+
+    void configure(const CurlRequest& request);
+    void drive(Running& running);
+    void note_protection(CURL* easy, const FtpTalk& talk);
+
+    TransferLogin login_;
+    TransferWaits waits_;
+    Interruption& interruption_;
+    SessionWatch watch_;
+    CertificateCheck check_;
+    LineProtection protection_;
+    CURLM* multi_ = nullptr;
+    CURL* easy_ = nullptr;
+    int control_socket_ = -1;
+};
+
+}  // namespace pondera

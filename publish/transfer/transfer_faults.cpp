@@ -1,0 +1,122 @@
+#include "publish/transfer/transfer_faults.h"
+
+#include <QHash>
+
+#include <cerrno>
+
+#include "base/text_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+constexpr int kNotLoggedIn = 530;
+
+TransferFault broken(ResponseNumber number) {
+    TransferFault result = fault(number);
+    result.broken = true;
+    return result;
+}
+
+TransferFault login_fault(const FtpTalk& talk) {
+    const FtpReply* const last = talk.last();
+    if (last == nullptr) return fault(kLoginFailed);
+    TransferFault result = fault(last->command == "USER"                                 ? kUserRefused
+                                 : last->command == "PASS" && last->code == kNotLoggedIn ? kPasswordRefused
+                                                                                         : kLoginFailed);
+    result.text += u' ' + decode_text(last->text).text;
+    return result;
+}
+
+/// The last reply with which the server refused something; nullptr when there is none.
+const FtpReply* refusal(const FtpTalk& talk) {
+    const FtpReply* const last = talk.last();
+    return last != nullptr && !last->good() ? last : nullptr;
+}
+
+TransferFault ended(const CurlAnswer& answer) {
+    return broken(answer.os_error == ECONNRESET ? kConnectionReset : kConnectionEnded);
+}
+
+}  // namespace
+
+TransferFault fault(ResponseNumber number) {
+    static const QHash<int, QString> kSentences = {
+        {kTimedOut, u"The server does not answer."_s},
+        {kBadAddress, u"This is not the name of a server."_s},
+        {kUnknownScheme, u"Only servers for FTP can be reached."_s},
+        {kNameNotResolved, u"There is no server of this name, or the network is off."_s},
+        {kUserRefused, u"The server does not accept the user name."_s},
+        {kPasswordRefused, u"The server does not accept the password."_s},
+        {kLoginFailed, u"The server does not accept the login."_s},
+        {kNotAllowed, u"Files are only brought into the folder of the Website."_s},
+        {kCancelled, u"Cancelled."_s},
+        {kFileChanged, u"The file changed while it was sent."_s},
+        {kBadCommand, u"This command is not known, or its names cannot be told apart."_s},
+        {kLocalFileMissing, u"The file does not exist."_s},
+        {kCannotConnect, u"The server cannot be reached."_s},
+        {kConnectionEnded, u"The server has ended the connection."_s},
+        {kConnectionReset, u"The connection has been broken off."_s},
+        {kCertificateNotTrusted, u"The server cannot prove that it is the one it says it is."_s},
+        {kNoProtection, u"The server offers no protected connection."_s},
+    };
+    return {.code = number, .text = kSentences.value(number, u"An internal error has occurred."_s)};
+}
+
+TransferFault refused(const FtpReply& reply) {
+    return {.code = kServerAnsweredError, .text = decode_text(reply.text).text};
+}
+
+TransferFault local_fault(const FileError& error) {
+    constexpr unsigned kLowBits = 0xFFFF;
+    const bool missing = error.number == FaultNumber::kFileNotFound || error.number == FaultNumber::kPathNotFound;
+    return {.code = missing ? kLocalFileMissing : static_cast<int>(static_cast<unsigned>(error.number) & kLowBits),
+            .text = fault_sentence(error)};
+}
+
+TransferResult<void> result_of(const CurlAnswer& answer) {
+    switch (answer.end) {
+        case CurlEnd::kInterrupted:
+            return std::unexpected(fault(kCancelled));
+        case CurlEnd::kTooSlow:
+            return std::unexpected(broken(kTimedOut));
+        case CurlEnd::kEndlessReply:
+            return std::unexpected(fault(kConnectionEnded));
+        case CurlEnd::kItself:
+            break;
+    }
+    if (answer.talk.closing()) {
+        TransferFault result = broken(kConnectionEnded);
+        if (const FtpReply* const last = answer.talk.last()) result.text = decode_text(last->text).text;
+        return std::unexpected(result);
+    }
+    const FtpReply* const refused_reply = refusal(answer.talk);
+    switch (answer.result) {
+        case CURLE_OK:
+            if (refused_reply != nullptr) return std::unexpected(refused(*refused_reply));
+            return {};
+        case CURLE_URL_MALFORMAT:
+            return std::unexpected(fault(kBadAddress));
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return std::unexpected(broken(kNameNotResolved));
+        case CURLE_COULDNT_CONNECT:
+            return std::unexpected(broken(kCannotConnect));
+        case CURLE_OPERATION_TIMEDOUT:
+        case CURLE_FTP_ACCEPT_TIMEOUT:
+            return std::unexpected(broken(kTimedOut));
+        case CURLE_LOGIN_DENIED:
+            return std::unexpected(login_fault(answer.talk));
+        case CURLE_USE_SSL_FAILED:
+        case CURLE_SSL_CONNECT_ERROR:
+            return std::unexpected(fault(kNoProtection));
+        case CURLE_PEER_FAILED_VERIFICATION:
+            return std::unexpected(fault(kCertificateNotTrusted));
+        default:
+            // What the server refused says more than what libcurl could not do therefore.
+            if (refused_reply != nullptr) return std::unexpected(refused(*refused_reply));
+            return std::unexpected(ended(answer));
+    }
+}
+
+}  // namespace pondera

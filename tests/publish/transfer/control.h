@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "publish/transfer/curl_transfer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+
+/// The transfer control with short waits, and a way to wait for it.
+class Control {
+  public:
+    explicit Control(TransferWaits waits = {.connect = std::chrono::seconds(5),
+                                            .silence = std::chrono::seconds(5),
+                                            .retries = {std::chrono::milliseconds(10), std::chrono::milliseconds(20),
+                                                        std::chrono::milliseconds(40)}})
+        : inet(nullptr, std::move(waits)) {
+        inet.set_user(u"anonymous"_s);
+        inet.set_password(u"secret"_s);
+        QObject::connect(&inet, &InternetTransfer::StateChanged, [this](InternetState state) { states << state; });
+    }
+
+    /// Does a command and tells how it ended; the window's thread stays free meanwhile.
+    int run(const QString& command) {
+        inet.Execute(command);
+        wait_until([this] { return !inet.StillExecuting(); });
+        return inet.ResponseCode();
+    }
+
+    /// Turns the event loop until `reached`, at most for half a minute.
+    static void wait_until(const std::function<bool()>& reached) {
+        QElapsedTimer waited;
+        waited.start();
+        QEventLoop loop;
+        while (!reached() && waited.elapsed() < 30'000) {
+            QTimer::singleShot(20, &loop, &QEventLoop::quit);
+            loop.processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        EXPECT_TRUE(reached());
+    }
+
+    CurlTransfer inet;
+    QList<InternetState> states;
+};
+
+}  // namespace pondera

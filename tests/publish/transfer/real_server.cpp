@@ -1,0 +1,80 @@
+#include "tests/publish/transfer/real_server.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+
+namespace pondera {
+namespace {
+
+int free_port() {
+    QTcpServer probe;
+    probe.listen(QHostAddress::LocalHost);
+    return probe.serverPort();
+}
+
+bool answers(int port) {
+    QTcpSocket probe;
+    probe.connectToHost(QHostAddress(QHostAddress::LocalHost), static_cast<quint16>(port));
+    return probe.waitForConnected(200);
+}
+
+}  // namespace
+
+RealServer::RealServer(Kind kind, bool tls) : kind_(kind), tls_(tls), port_(free_port()) {
+    QDir().mkpath(path({}));
+    if (tls_) make_certificate();
+    QStringList arguments = command();
+    const QString program = arguments.takeFirst();
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.start(program, arguments);
+    EXPECT_TRUE(process_.waitForStarted()) << program.toStdString();
+    for (int tries = 0; tries < 100 && !answers(port_); ++tries) QThread::msleep(50);
+    EXPECT_TRUE(answers(port_)) << program.toStdString();
+}
+
+RealServer::~RealServer() {
+    process_.kill();
+    process_.waitForFinished();
+}
+
+void RealServer::make_certificate() {
+    QProcess openssl;
+    openssl.start(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s,
+                                 u"-subj"_s, u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s,
+                                 folder_.path(u"cert.pem"_s)});
+    EXPECT_TRUE(openssl.waitForFinished());
+    EXPECT_EQ(openssl.exitCode(), 0);
+}
+
+QStringList RealServer::command() {
+    const QString port = QString::number(port_);
+    if (kind_ == Kind::kPyftpdlib)
+        return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/transfer/serve.py"), path({}),
+                port, tls_ ? folder_.path({}) : QString()};
+    // It runs as whoever runs the test, so it needs no root.
+    QString settings =
+        u"run_as_launching_user=YES\nlisten=YES\nlisten_address=127.0.0.1\nlisten_port=%1\n"
+        u"background=NO\nseccomp_sandbox=NO\nanonymous_enable=YES\nlocal_enable=NO\nwrite_enable=YES\n"
+        u"anon_root=%2\nanon_upload_enable=YES\nanon_mkdir_write_enable=YES\nanon_umask=022\n"
+        u"anon_other_write_enable=YES\nanon_world_readable_only=NO\nno_anon_password=NO\n"_s.arg(port, path({}));
+    if (tls_)
+        settings +=
+            u"ssl_enable=YES\nallow_anon_ssl=YES\nforce_local_logins_ssl=NO\nforce_local_data_ssl=NO\n"
+            u"ssl_ciphers=HIGH\nrsa_cert_file=%1/cert.pem\nrsa_private_key_file=%1/key.pem\n"_s.arg(folder_.path({}));
+    return {u"/usr/sbin/vsftpd"_s, folder_.put(u"vsftpd.conf"_s, settings.toUtf8())};
+}
+
+QString RealServer::host() const {
+    return u"127.0.0.1:"_s + QString::number(port_);
+}
+
+QString RealServer::remote_root() const {
+    return kind_ == Kind::kVsftpd ? path({}).chopped(1) : u"/"_s;
+}
+
+QStringList RealServer::names(const QString& folder) const {
+    return QDir(path(folder)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+}  // namespace pondera

@@ -1,0 +1,158 @@
+#include "tests/publish/transfer/real_server.h"
+
+#include <QFile>
+
+#include "publish/transfer/remote_name.h"
+#include "publish/transfer/transfer_command.h"
+#include "tests/publish/transfer/control.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+using Kind = RealServer::Kind;
+
+struct Case {
+    Kind kind;
+    bool tls;
+};
+
+class RealServers : public testing::TestWithParam<Case> {};
+
+/// Files and folders go up, are listed, come back byte for byte and are removed.
+TEST_P(RealServers, AWebsitesWayUpAndBack) {
+    const RealServer server(GetParam().kind, GetParam().tls);
+    const TestFolder site;
+    QByteArray picture(300'000, Qt::Uninitialized);
+    for (qsizetype i = 0; i < picture.size(); ++i) picture[i] = static_cast<char>(i * 31 + i / 251);
+    const QHash<QString, QByteArray> files = {{u"index.htm"_s, "<HTML>\r\nhome\n</HTML>"},
+                                              {u"empty.htm"_s, ""},
+                                              {u"a b;type=a%41 [1]*è.gif"_s, picture},
+                                              {u"-l"_s, "dash"}};
+    for (auto file = files.begin(); file != files.end(); ++file) site.put(file.key(), file.value());
+
+    Control control;
+    control.inet.set_host(server.host());
+    control.inet.set_local_root(site.path());
+    if (GetParam().tls) {
+        ASSERT_EQ(control.run(u"DIR"_s), kCertificateNotTrusted);
+        const LineProtection doubtful = control.inet.Protection();
+        EXPECT_EQ(doubtful.holder, u"test server"_s);
+        EXPECT_EQ(doubtful.fingerprint.size(), 64);
+        EXPECT_FALSE(doubtful.doubt.isEmpty());
+        EXPECT_FALSE(doubtful.encrypted);
+        control.inet.trust_certificate(doubtful.fingerprint);
+        control.inet.set_protection(ProtectionWish::kRequired);
+    }
+    ASSERT_EQ(control.run(u"MKDIR my media"_s), kFine) << control.inet.ResponseInfo().toStdString();
+    EXPECT_EQ(control.inet.RemoteFolder(), server.remote_root());
+    EXPECT_EQ(control.inet.Protection().encrypted, GetParam().tls);
+    EXPECT_EQ(control.run(u"CD my media"_s), kFine);
+    for (int round = 0; round < 2; ++round) {
+        for (auto file = files.begin(); file != files.end(); ++file) {
+            const QString command = u"SEND "_s + quoted(site.path(file.key())) + u' ' + quoted(file.key());
+            ASSERT_EQ(control.run(command), kFine) << control.inet.ResponseInfo().toStdString();
+            EXPECT_EQ(server.bytes(u"my media/"_s + file.key()), file.value()) << file.key().toStdString();
+        }
+        EXPECT_EQ(server.names(u"my media"_s).size(), files.size());
+    }
+    EXPECT_EQ(control.inet.Protection().files_encrypted, GetParam().tls);
+    EXPECT_EQ(control.inet.Protection().protocol, GetParam().tls ? u"TLSv1.2"_s : QString());
+
+    ASSERT_EQ(control.run(u"DIR"_s), kFine) << control.inet.ResponseInfo().toStdString();
+    QHash<QString, qint64> listed;
+    for (const RemoteEntry& entry : control.inet.Listing().entries) listed.insert(entry.name, entry.size);
+    ASSERT_EQ(listed.size(), files.size()) << control.inet.Listing().text.toStdString();
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        EXPECT_EQ(listed.value(file.key()), file.value().size());
+        QFile::remove(site.path(file.key()));
+        const QString names = quoted(file.key()) + u' ' + quoted(site.path(file.key()));
+        EXPECT_EQ(control.run(u"GET "_s + names), kFine) << control.inet.ResponseInfo().toStdString();
+        EXPECT_EQ(site.bytes(file.key()), file.value());
+        EXPECT_EQ(control.run(u"DELETE "_s + file.key()), kFine);
+    }
+    EXPECT_EQ(control.run(u"CDUP"_s), kFine);
+    EXPECT_EQ(control.inet.RemoteFolder(), server.remote_root());
+    EXPECT_EQ(control.run(u"RMDIR my media"_s), kFine);
+    EXPECT_EQ(server.names(), QStringList());
+}
+
+TEST_P(RealServers, RefusalsAreTheServersWordsAndTheSessionStands) {
+    const RealServer server(GetParam().kind, GetParam().tls);
+    const TestFolder site;
+    site.put(u"old.htm"_s, "old");
+    Control control;
+    control.inet.set_host(server.host());
+    control.inet.set_local_root(site.path());
+    control.inet.set_protection(ProtectionWish::kNone);
+    QDir().mkpath(server.path(u"folder/inside"_s));
+    ASSERT_EQ(control.run(u"CD folder"_s), kFine);
+    const QString folder = control.inet.RemoteFolder();
+    for (const QString& command :
+         {u"CD nowhere"_s, u"RMDIR nowhere"_s, u"DELETE nowhere"_s, u"MKDIR inside"_s,
+          u"GET nowhere "_s + site.path(u"old.htm"_s), u"SEND "_s + site.path(u"old.htm"_s) + u" inside"_s}) {
+        EXPECT_EQ(control.run(command), kServerAnsweredError) << command.toStdString();
+        EXPECT_TRUE(control.inet.ResponseInfo().startsWith(u'5')) << control.inet.ResponseInfo().toStdString();
+        EXPECT_EQ(control.states.last(), InternetState::kResponseCompleted);
+        control.inet.Cancel();  // as the dialog does after an error reply
+        EXPECT_EQ(control.states.last(), InternetState::kResponseCompleted);
+    }
+    EXPECT_EQ(control.inet.RemoteFolder(), folder);
+    EXPECT_EQ(site.bytes(u"old.htm"_s), "old");
+    EXPECT_EQ(server.names(u"folder"_s), QStringList(u"inside"_s));
+    EXPECT_EQ(control.states.count(InternetState::kConnected), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RealServers,
+                         testing::Values(Case{Kind::kVsftpd, false}, Case{Kind::kVsftpd, true},
+                                         Case{Kind::kPyftpdlib, false}, Case{Kind::kPyftpdlib, true}),
+                         [](const auto& info) {
+                             return std::string(info.param.kind == Kind::kVsftpd ? "vsftpd" : "pyftpdlib") +
+                                    (info.param.tls ? "Tls" : "Plain");
+                         });
+
+TEST(RealServer, WrongLoginsAndHosts) {
+    const RealServer server(Kind::kPyftpdlib, false);
+    Control control;
+    control.inet.set_host(server.host());
+    control.inet.set_user(u"known"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kFine);
+    control.inet.set_password(u"wrong"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kPasswordRefused);
+    EXPECT_TRUE(control.inet.ResponseInfo().contains(u"530")) << control.inet.ResponseInfo().toStdString();
+    control.inet.set_protection(ProtectionWish::kRequired);
+    EXPECT_EQ(control.run(u"DIR"_s), kNoProtection);
+    control.inet.set_host(u"no-such-host.invalid"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kNameNotResolved);
+    control.inet.set_host(u"127.0.0.1:1"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kCannotConnect);
+    control.inet.set_host(u"a\r\nb"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kBadAddress);
+    EXPECT_EQ(control.states.last(), InternetState::kError);
+}
+
+TEST(RealServer, WhatIsFetchedStaysInTheLocalRoot) {
+    const RealServer server(Kind::kPyftpdlib, false);
+    const TestFolder site;
+    const TestFolder other;
+    ASSERT_TRUE(write_file(server.path(u"a.htm"_s), "from the server"));
+    site.put(u"in/b.htm"_s, "own");
+    QFile::link(other.path(), site.path(u"out"_s));
+    QFile::link(other.path(u"c.htm"_s), site.path(u"c.htm"_s));
+    Control control;
+    control.inet.set_host(server.host());
+    EXPECT_EQ(control.run(u"GET a.htm "_s + site.path(u"a.htm"_s)), kNotAllowed);
+    control.inet.set_local_root(site.path(u"in"_s));
+    for (const QString& target : {u"../b.htm"_s, other.path(u"c.htm"_s), u"/etc/x"_s, site.path(u"inside.htm"_s)})
+        EXPECT_EQ(control.run(u"GET a.htm "_s + target), kNotAllowed) << target.toStdString();
+    control.inet.set_local_root(site.path());
+    for (const QString& target : {u"out/c.htm"_s, u"c.htm"_s, u"in"_s})
+        EXPECT_EQ(control.run(u"GET a.htm "_s + target), kNotAllowed) << target.toStdString();
+    EXPECT_EQ(control.run(u"GET a.htm in/b.htm"_s), kFine);
+    EXPECT_EQ(site.bytes(u"in/b.htm"_s), "from the server");
+    EXPECT_TRUE(QDir(other.path()).isEmpty());
+}
+
+}  // namespace
+}  // namespace pondera
