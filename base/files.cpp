@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
+#include <QTemporaryFile>
 
 #include <filesystem>
 
@@ -87,6 +88,22 @@ FileResult<void> replace_file(const QString& path, QByteArrayView bytes) {
     std::error_code error;
     std::filesystem::rename(std_path(file.fileName()), std_path(path), error);
     if (error) file.remove();
+    return result_of(error, path);
+}
+
+FileResult<void> write_private_file(const QString& path, QByteArrayView bytes) {
+    // A temporary file is its owner's alone from the moment it is made.
+    QTemporaryFile file(QFileInfo(path).dir().filePath(u".pondera-XXXXXX.tmp"_s));
+    if (!file.open()) {
+        FileError error = file_error_of(file);
+        error.path = QDir::toNativeSeparators(path);
+        return std::unexpected(error);
+    }
+    if (auto written = write_whole(file, bytes); !written) return written;
+    file.close();
+    std::error_code error;
+    std::filesystem::rename(std_path(file.fileName()), std_path(path), error);
+    file.setAutoRemove(static_cast<bool>(error));
     return result_of(error, path);
 }
 

@@ -29,6 +29,10 @@ enum class IfExists { kFail, kReplace };
 /// owner may not write, whoever asks.
 [[nodiscard]] FileResult<void> replace_file(const QString& path, QByteArrayView bytes);
 
+/// Writes a file that holds secrets: from its first byte on only its owner may read it, also where it replaces one that
+/// others could read. Afterwards it holds all of the old bytes or all of the new ones.
+[[nodiscard]] FileResult<void> write_private_file(const QString& path, QByteArrayView bytes);
+
 /// Deletes one file; a file that is not there is 76.
 [[nodiscard]] FileResult<void> remove_file(const QString& path);
 
