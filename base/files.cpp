@@ -5,7 +5,14 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 
+#include <cerrno>
 #include <filesystem>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace pondera {
 
@@ -44,6 +51,16 @@ FileResult<void> write_whole(QFileDevice& file, QByteArrayView bytes) {
     }
     if (!file.flush()) return std::unexpected(file_error_of(file));
     return {};
+}
+
+FileResult<void> write_through(QFileDevice& file) {
+#ifdef Q_OS_WIN
+    const int failed = _commit(file.handle());
+#else
+    const int failed = fdatasync(file.handle());
+#endif
+    if (failed == 0) return {};
+    return std::unexpected(file_error_of(std::error_code(errno, std::generic_category()), file.fileName()));
 }
 
 FileResult<void> copy_file(const QString& source, const QString& target, IfExists if_exists) {

@@ -13,6 +13,9 @@ namespace pondera {
 /// name: QSaveFile by itself accepts a short write.
 [[nodiscard]] FileResult<void> write_whole(QFileDevice& file, QByteArrayView bytes);
 
+/// Waits until the disk has what was written to a file.
+[[nodiscard]] FileResult<void> write_through(QFileDevice& file);
+
 enum class IfExists { kFail, kReplace };
 
 /// Copies a file's bytes and permissions (its owner may always write to the copy). `target` holds either all of them

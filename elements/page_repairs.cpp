@@ -81,19 +81,6 @@ QString with_repaired_marks(const QString& text) {
     return result;
 }
 
-/// "../NAME/x" in the Website NAME is "x". Behind other path characters ("../../NAME/x") it means another place.
-QString with_own_links_relative(const QString& text, const QString& website) {
-    const auto begins_address = [](QStringView page, qsizetype at) {
-        const QChar before = character_before(page, at);
-        return before != u'/' && before != u'.' && !before.isLetterOrNumber();
-    };
-    const QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(website));
-    QString result = replace_where(text, u"../"_s + website + u'/', u"", begins_address, Qt::CaseInsensitive);
-    if (encoded != website)
-        result = replace_where(result, u"../"_s + encoded + u'/', u"", begins_address, Qt::CaseInsensitive);
-    return result;
-}
-
 /// Where the first call of the boxes' functions in a handler ends, 0 when there is none.
 qsizetype call_end(QStringView handler) {
     qsizetype first = 0;
@@ -142,6 +129,18 @@ QString with_quoted_handlers(const QString& text) {
 }
 
 }  // namespace
+
+QString with_own_links_relative(const QString& text, const QString& website) {
+    const auto begins_address = [](QStringView page, qsizetype at) {
+        const QChar before = character_before(page, at);
+        return before != u'/' && before != u'.' && !before.isLetterOrNumber();
+    };
+    const QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(website));
+    QString result = replace_where(text, u"../"_s + website + u'/', u"", begins_address, Qt::CaseInsensitive);
+    if (encoded != website)
+        result = replace_where(result, u"../"_s + encoded + u'/', u"", begins_address, Qt::CaseInsensitive);
+    return result;
+}
 
 QString repair_page_text(const QString& text, const Roots& roots, const QString& website) {
     QString page = roots.replace_websites_root(text, u"..\\"_s);

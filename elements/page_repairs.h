@@ -12,4 +12,8 @@ namespace pondera {
 /// boxes get their quotes. `website` is the page's own Website: "../NAME/x" becomes "x".
 [[nodiscard]] QString repair_page_text(const QString& text, const Roots& roots, const QString& website);
 
+/// `text` with "x" for "../NAME/x" in the Website NAME (any case, percent-encoded or not). Behind other path characters
+/// ("../../NAME/x") it means another place.
+[[nodiscard]] QString with_own_links_relative(const QString& text, const QString& website);
+
 }  // namespace pondera

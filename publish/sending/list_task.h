@@ -8,10 +8,11 @@
 namespace pondera {
 
 /// Lists folders of a Website on the server, with as few commands as that takes. A folder that is not there counts as
-/// listed and empty.
+/// listed and empty; one that the server does not list counts as not listed.
 class ListTask : public RemoteTask {
   public:
-    /// `remote_folder` is the Website's own on the server, absolute; `folders` are relative to it, "" is itself.
+    /// `remote_folder` is the Website's own on the server, absolute; `folders` are relative to it, "" is itself. One
+    /// whose parent is among those before it is only asked for when it is there.
     ListTask(QString remote_folder, QStringList folders);
 
     void next_turn(CommandStack& stack, const QString& folder) override;
@@ -20,8 +21,11 @@ class ListTask : public RemoteTask {
     [[nodiscard]] const RemoteFiles& found() const { return found_; }
 
   private:
+    [[nodiscard]] bool is_known_missing(const QString& folder) const;
+
     QString remote_folder_;
     QStringList folders_;
+    QString current_;  ///< the folder that is being listed
     RemoteFiles found_;
 };
 

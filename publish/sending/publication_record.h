@@ -3,14 +3,13 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <memory>
 
 #include "base/file_error.h"
 #include "publish/sending/destination.h"
-
-class QFile;
 
 namespace pondera {
 
@@ -25,13 +24,14 @@ struct PublishedFile {
 };
 
 /// The publishing record of a Website for one destination: what that destination is known to hold, because it confirmed
-/// it. The records of all destinations stand in the Website's "§_elenco.pnd". While a publication runs every confirmed
-/// file is written to "§_elencotemp.pnd" at once, so that whatever becomes of the program, nothing that was confirmed
-/// is sent again and nothing that was not counts as sent; the next opening takes it in.
+/// it. The records of all destinations stand in the Website's "§_elenco.pnd". While a publication runs every step is
+/// written to "§_elencotemp.pnd" at once, so that whatever becomes of the program, nothing that was confirmed is sent
+/// again and nothing that was not counts as sent; the next opening takes it in. One record of a Website is open at a
+/// time.
 class PublicationRecord {
   public:
     /// Reads the record of a Website for `destination`; one that is missing or damaged counts as empty, line by line.
-    /// Fails when a file of it is there and cannot be read.
+    /// Fails when a file of it is there and cannot be read, or what was interrupted cannot be taken in.
     [[nodiscard]] static FileResult<PublicationRecord> open(const QString& website_folder,
                                                             const Destination& destination);
     PublicationRecord(PublicationRecord&&) noexcept;
@@ -40,6 +40,13 @@ class PublicationRecord {
 
     /// What the destination is known to hold, by path.
     [[nodiscard]] const QHash<QString, PublishedFile>& files() const { return files_; }
+
+    /// The files whose sending began and was never confirmed: the destination may hold the old one, the new one, or
+    /// what a broken upload left.
+    [[nodiscard]] const QSet<QString>& unfinished() const { return unfinished_; }
+
+    /// The file of that path is about to be sent.
+    [[nodiscard]] FileResult<void> begin(const QString& path);
 
     /// The destination has confirmed this file.
     [[nodiscard]] FileResult<void> confirm(const PublishedFile& file);
@@ -54,12 +61,15 @@ class PublicationRecord {
     [[nodiscard]] static bool was_interrupted(const QString& website_folder);
 
   private:
+    class Journal;
     PublicationRecord(QString website_folder, Destination destination);
+    [[nodiscard]] FileResult<void> write(const QByteArray& line);
 
     QString folder_;
     Destination destination_;
     QHash<QString, PublishedFile> files_;
-    std::unique_ptr<QFile> journal_;
+    QSet<QString> unfinished_;
+    std::unique_ptr<Journal> journal_;
 };
 
 }  // namespace pondera

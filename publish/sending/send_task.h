@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <memory>
 
 #include "publish/commands/remote_task.h"
 #include "publish/sending/publication.h"
@@ -31,6 +35,7 @@ class SendTask : public RemoteTask {
         QString remote_folder;   ///< absolute path of the Website's folder on the server; made when it is missing
         PublicationPlan plan;
         PublicationRecord* record = nullptr;  ///< outlives the task
+        QStringList folders{};                ///< known to be on the server (`RemoteFiles::folders`): they are not made
     };
     explicit SendTask(Job job);
     ~SendTask() override;
@@ -44,7 +49,11 @@ class SendTask : public RemoteTask {
     /// The files that did not go up, with the server's words. A folder that cannot be entered refuses all of its files.
     [[nodiscard]] const QList<RefusedFile>& refused() const;
 
-    /// Why the sending stopped before its end: the server is full, or the record could not be written. Empty else.
+    /// The files that should have been removed and are still there.
+    [[nodiscard]] const QList<RefusedFile>& not_removed() const;
+
+    /// Why the sending stopped before its end: the server is full, has no folder for the Website, or the record could
+    /// not be written. Empty else.
     [[nodiscard]] QString stopped_by() const;
 
   private:

@@ -1,0 +1,56 @@
+#include "publish/sending/time_left.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::minutes;
+
+constexpr double kBytesAFile = 16'000;  // what a file costs beside its bytes
+constexpr milliseconds kFirstWord{3'000};
+constexpr double kMegabyte = 1'000'000;
+
+double cost(int files, qint64 bytes) {
+    return files * kBytesAFile + static_cast<double>(bytes);
+}
+
+QString megabytes(qint64 bytes) {
+    return QLocale::c().toString(static_cast<double>(bytes) / kMegabyte, 'f', 1);
+}
+
+QString grouped(int number) {
+    return QLocale(QLocale::English).toString(number);
+}
+
+}  // namespace
+
+void TimeLeft::note(milliseconds elapsed, const SendProgress& progress) {
+    elapsed_ = elapsed;
+    progress_ = progress;
+}
+
+QString TimeLeft::text() const {
+    const double done = cost(progress_.files_done, progress_.bytes_done);
+    const double left = cost(progress_.files, progress_.bytes) - done;
+    if (elapsed_ < kFirstWord || done <= 0 || left <= 0) return {};
+    const double in_minutes = left / done * std::chrono::duration<double, std::ratio<60>>(elapsed_).count();
+    constexpr double kInHours = 90;
+    if (in_minutes < 1) return u"less than a minute left"_s;
+    if (in_minutes < 1.5) return u"about a minute left"_s;
+    if (in_minutes < kInHours) return u"about %1 minutes left"_s.arg(qRound(in_minutes));
+    return u"about %1 hours left"_s.arg(grouped(qRound(std::min(in_minutes / 60, 1e6))));
+}
+
+QString progress_text(const SendProgress& progress) {
+    return u"%1 of %2 %3, %4 of %5 MB"_s.arg(grouped(progress.files_done), grouped(progress.files),
+                                             progress.files == 1 ? u"file"_s : u"files"_s,
+                                             megabytes(progress.bytes_done), megabytes(progress.bytes));
+}
+
+}  // namespace pondera
