@@ -2,6 +2,7 @@
 
 #include "elements/image/image_commands.h"
 #include "elements/level_commands.h"
+#include "publish/connection/connection_commands.h"
 #include "shell/links/link_commands.h"
 #include "shell/pages/page_commands.h"
 #include "shell/shell_commands.h"
@@ -11,7 +12,7 @@ namespace pondera {
 
 QList<Command> command_table() {
     return website_commands() + page_commands() + shell_commands() + edit_commands() + image_commands() +
-           link_commands() + level_commands();
+           link_commands() + level_commands() + connection_commands();
 }
 
 }  // namespace pondera

@@ -22,7 +22,8 @@ constexpr std::array kMenus{
     MenuTitle{"File"_L1, "&File"_L1, "menu_file"_L1},       MenuTitle{"Edit"_L1, "&Edit"_L1, "menu_edit"_L1},
     MenuTitle{"View"_L1, "&View"_L1, "menu_view"_L1},       MenuTitle{"Insert"_L1, "&Insert"_L1, "menu_insert"_L1},
     MenuTitle{"Format"_L1, "F&ormat"_L1, "menu_format"_L1}, MenuTitle{"Levels"_L1, "&Levels"_L1, "Livelli"_L1},
-    MenuTitle{"Page"_L1, "&Page"_L1, "menu_page"_L1},       MenuTitle{"Help"_L1, "&Help"_L1, "menu_help"_L1},
+    MenuTitle{"Page"_L1, "&Page"_L1, "menu_page"_L1},       MenuTitle{"Publish"_L1, "P&ublish"_L1, "menu_publish"_L1},
+    MenuTitle{"Help"_L1, "&Help"_L1, "menu_help"_L1},
 };
 
 struct ContextEntry {

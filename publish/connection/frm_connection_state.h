@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+
+namespace pondera {
+
+class CWinInetConnection;
+class InternetFunctions;
+class Workbench;
+
+/// Shows the state of the connection, as of its last `Refresh`, and lets the person work off line.
+class frmConnectionState : public QDialog {
+    Q_OBJECT
+
+  public:
+    frmConnectionState(Workbench& workbench, CWinInetConnection& connection, const InternetFunctions& functions);
+
+  private:
+    void work_off_line(bool on);
+
+    Workbench& workbench_;
+    CWinInetConnection& connection_;
+};
+
+/// The same for a machine that is not connected, or for a program that is off line.
+class frmConnectionState1 : public frmConnectionState {
+    Q_OBJECT
+
+  public:
+    frmConnectionState1(Workbench& workbench, CWinInetConnection& connection, const InternetFunctions& functions);
+};
+
+}  // namespace pondera

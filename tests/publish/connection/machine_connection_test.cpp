@@ -1,0 +1,121 @@
+#include "publish/connection/machine_connection.h"
+
+#include <QFile>
+
+#include <sched.h>
+#include <thread>
+
+#include "publish/connection/cwininet_connection.h"
+#include "publish/connection/local_host.h"
+#include "tests/support/tables.h"
+#include "tests/support/test_folder.h"
+
+namespace pondera {
+namespace {
+
+/// The card of the machine's way to everywhere, as the kernel's own table has it; empty without one.
+QString card_of_default_route() {
+    QFile table(u"/proc/net/route"_s);
+    if (!table.open(QIODevice::ReadOnly)) return {};
+    for (const QByteArray& line : table.readAll().split('\n')) {
+        const QByteArrayList fields = line.split('\t');
+        if (fields.value(1) == "00000000" && fields.value(7) == "00000000") return QString::fromUtf8(fields.first());
+    }
+    return {};
+}
+
+struct Machine {
+    TestFolder folder;
+    QSettings settings{folder.path(u"settings.ini"_s), QSettings::IniFormat};
+    MachineConnection functions{settings};
+    CWinInetConnection connection{functions};
+};
+
+}  // namespace
+
+TEST(MachineConnection, TellsTheTruthOfThisMachine) {
+    Machine machine;
+    ASSERT_TRUE(machine.connection.Refresh());
+    const QString card = card_of_default_route();
+    if (card.isEmpty()) GTEST_SKIP() << "this machine has no way to the Internet";
+    EXPECT_TRUE(machine.connection.IsConnected());
+    EXPECT_EQ(machine.connection.ConnectionName(), card);
+    EXPECT_NE(machine.connection.UseLAN(), machine.connection.UseModem());
+    EXPECT_TRUE(machine.connection.IsConnectionConfigured());
+    EXPECT_EQ(machine.functions.IsNetworkAlive().lan, machine.connection.UseLAN());
+}
+
+TEST(MachineConnection, AMachineWithLoopbackAloneIsNotConnectedAndPublishesToItself) {
+    bool alone = false;
+    std::thread([&] {
+        if (unshare(CLONE_NEWNET) != 0) return;  // needs root
+        alone = true;
+        Machine machine;
+        EXPECT_TRUE(machine.connection.Refresh());
+        EXPECT_FALSE(machine.connection.IsConnected() || machine.connection.UseLAN());
+        EXPECT_FALSE(machine.connection.IsConnectionConfigured());
+        EXPECT_EQ(machine.connection.ConnectionName(), u"");
+        EXPECT_FALSE(machine.functions.IsNetworkAlive().lan);
+        EXPECT_TRUE(is_local_host(u"127.0.0.1:2121"_s));
+    }).join();
+    if (!alone) GTEST_SKIP() << "only root can part a thread from the network";
+}
+
+TEST(MachineConnection, ProxyOfTheEnvironmentIsSeen) {
+    const QByteArray before = qgetenv("https_proxy");
+    Machine machine;
+    qunsetenv("https_proxy");
+    EXPECT_TRUE(machine.connection.Refresh());
+    const bool without = machine.connection.UseProxy();
+    qputenv("https_proxy", "http://127.0.0.1:3128");
+    EXPECT_TRUE(machine.connection.Refresh());
+    EXPECT_TRUE(machine.connection.UseProxy());
+    before.isNull() ? qunsetenv("https_proxy") : qputenv("https_proxy", before);
+    EXPECT_FALSE(without && before.isNull());
+}
+
+TEST(MachineConnection, OffLineIsKeptForTheUserAndLeftOnlyWithPermission) {
+    TestFolder folder;
+    QSettings settings(folder.path(u"settings.ini"_s), QSettings::IniFormat);
+    bool permits = false;
+    QStringList asked;
+    MachineConnection functions(settings, [&](const QString& url, quintptr) {
+        asked << url;
+        return permits;
+    });
+    CWinInetConnection connection(functions);
+    const QString url = u"ftp://ftp.x.org"_s;
+    EXPECT_TRUE(connection.GoOnline(url));
+    EXPECT_TRUE(connection.SetGlobalOffline());
+    QSettings next_start(folder.path(u"settings.ini"_s), QSettings::IniFormat);
+    MachineConnection again(next_start);
+    CWinInetConnection seen(again);
+    EXPECT_TRUE(seen.Refresh());
+    EXPECT_TRUE(seen.IsOffline());
+    EXPECT_EQ(connection.GoOnline(url).error().description, u"Win32API Error: 1223 ");
+    EXPECT_EQ(connection.GoOnline(u"no address"_s).error().description, u"WinInet API Error: 12005 URL is invalid.");
+    permits = true;
+    EXPECT_TRUE(connection.GoOnline(url) && connection.Refresh());
+    EXPECT_FALSE(connection.IsOffline());
+    EXPECT_EQ(asked, QStringList({url, url}));
+}
+
+TEST(MachineConnection, DiallingIsNotOnThisSystem) {
+    Machine machine;
+    EXPECT_EQ(machine.connection.Dial(u"Work"_s).error(), (ConnectionError{.number = kApplicationErrorBase + 1120,
+                                                                           .source = u"CWinInetConnection.Dial"_s,
+                                                                           .description = u"Win32API Error: 120 "_s}));
+    EXPECT_FALSE(machine.connection.HangUp() || machine.connection.Autodial() || machine.connection.AutodialHangup());
+}
+
+TEST(LocalHost, IsReachedWithoutTheInternet) {
+    const auto kind = [](const QString& host) { return is_local_host(host) ? u"local"_s : u"away"_s; };
+    expect_results(kind,
+                   {
+                       u"127.0.0.1:2121 | [::1]:2121 | localhost | ftp://10.1.2.3/ | 172.31.0.9 → local",
+                       u"sftp://192.168.1.20 | fd12::5 | fe80::1 | 169.254.7.7 | nas | Nas.LOCAL | box.lan → local",
+                       u"ftp.x.org | 172.32.0.1 | 8.8.8.8 | 2001:db8::9 | local.org | no host at all → away",
+                   });
+}
+
+}  // namespace pondera
