@@ -15,6 +15,12 @@ bool is_data_command(const QByteArray& verb) {
 
 }  // namespace
 
+bool has_hung_up(int socket) {
+    tcp_info info{};
+    socklen_t size = sizeof info;
+    return ::getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) == 0 && info.tcpi_state != TCP_ESTABLISHED;
+}
+
 bool CurlSession::Running::go_on() {
     if (answer.end != CurlEnd::kItself) return false;
     if (session.interruption_.raised())
@@ -23,7 +29,23 @@ bool CurlSession::Running::go_on() {
         answer.end = CurlEnd::kEndlessReply;
     else if (Clock::now() - last_byte > (greeted ? session.waits_.silence : session.waits_.connect))
         answer.end = CurlEnd::kTooSlow;
+    // libcurl takes its leave of the server, which may not listen any more.
+    if (answer.end != CurlEnd::kItself) session.interruption_.shut_sockets();
     return answer.end == CurlEnd::kItself;
+}
+
+void CurlSession::Running::greet() {
+    if (!std::exchange(greeted, true)) session.watch_.state(InternetState::kConnected);
+}
+
+void CurlSession::Running::ask() {
+    if (std::exchange(asked, true)) return;
+    session.watch_.state(InternetState::kRequesting);
+    session.watch_.state(InternetState::kRequestSent);
+}
+
+void CurlSession::Running::hear() {
+    if (asked && !std::exchange(replied, true)) session.watch_.state(InternetState::kReceivingResponse);
 }
 
 void CurlSession::Running::hold(int socket) {
@@ -47,7 +69,7 @@ void CurlHooks::install(Running& running) {
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &running);
     // A connection is closed long after the request that opened it.
     curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, &CurlHooks::close_socket);
-    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &running.session.interruption_);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &running.session);
     curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
     curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, &CurlHooks::said);
     curl_easy_setopt(easy, CURLOPT_DEBUGDATA, &running);
@@ -58,6 +80,8 @@ void CurlHooks::install(Running& running) {
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, &running);
     curl_easy_setopt(easy, CURLOPT_READFUNCTION, &CurlHooks::send);
     curl_easy_setopt(easy, CURLOPT_READDATA, &running);
+    curl_easy_setopt(easy, CURLOPT_SSH_HOSTKEYFUNCTION, &CurlHooks::judge_host_key);
+    curl_easy_setopt(easy, CURLOPT_SSH_HOSTKEYDATA, &running);
     curl_easy_setopt(easy, CURLOPT_SSL_CTX_FUNCTION, &CurlHooks::judge_certificates);
     curl_easy_setopt(easy, CURLOPT_SSL_CTX_DATA, &running.session);
 }
@@ -79,12 +103,14 @@ curl_socket_t CurlHooks::open_socket(void* data, curlsocktype, curl_sockaddr* ad
         running.session.watch_.state(InternetState::kConnecting);
     }
     running.session.interruption_.socket_opened(socket);
-    if (running.greeted && running.session.protection_.encrypted) running.hold(socket);
+    if (running.greeted && !running.session.ssh() && running.session.protection_.encrypted) running.hold(socket);
     return socket;
 }
 
 int CurlHooks::close_socket(void* data, curl_socket_t socket) {
-    static_cast<Interruption*>(data)->socket_closing(socket);
+    auto& session = *static_cast<CurlSession*>(data);
+    session.interruption_.socket_closing(socket);
+    session.hung_up_ = session.hung_up_ || has_hung_up(socket);
     return ::close(socket);
 }
 
@@ -94,21 +120,22 @@ int CurlHooks::said(CURL*, curl_infotype kind, char* bytes, size_t count, void* 
     if (kind == CURLINFO_HEADER_OUT) {
         running.heard_byte();
         running.answer.talk.heard_command(QByteArray(bytes, static_cast<qsizetype>(count)));
-        session.note_protection(running.easy, running.answer.talk);
+        session.note_tls(running.easy, running.answer.talk);
         running.data_asked = is_data_command(running.answer.talk.replies().last().command);
         running.data_promised = false;
-        if (std::exchange(running.asked, true)) return 0;
-        session.watch_.state(InternetState::kRequesting);
-        session.watch_.state(InternetState::kRequestSent);
+        running.ask();
     } else if (kind == CURLINFO_HEADER_IN) {
         running.heard_byte();
         running.answer.talk.heard_reply(QByteArray(bytes, static_cast<qsizetype>(count)));
         if (running.data_asked) running.let_go();
         const FtpReply& reply = running.answer.talk.replies().last();
         running.data_promised = reply.command == "EPSV" || reply.command == "PASV";
-        if (!std::exchange(running.greeted, true)) session.watch_.state(InternetState::kConnected);
-        if (running.asked && !std::exchange(running.replied, true))
-            session.watch_.state(InternetState::kReceivingResponse);
+        running.greet();
+        running.hear();
+    } else if (kind == CURLINFO_TEXT && running.answer.ssh.spoken) {
+        static const QByteArray kMethods = "SSH authentication methods available: ";
+        const QByteArray text = QByteArray(bytes, static_cast<qsizetype>(count)).trimmed();
+        if (text.startsWith(kMethods)) running.answer.ssh.login_methods = text.sliced(kMethods.size());
     }
     return 0;
 }
@@ -126,7 +153,8 @@ int CurlHooks::moved(void* data, curl_off_t down_all, curl_off_t down, curl_off_
 }
 
 size_t CurlHooks::receive(char* bytes, size_t size, size_t count, void* data) {
-    const auto& running = *static_cast<Running*>(data);
+    auto& running = *static_cast<Running*>(data);
+    running.heard_byte();
     const auto all = static_cast<qint64>(size) * static_cast<qint64>(count);
     if (!running.request.sink) return static_cast<size_t>(all);
     return running.request.sink(bytes, all) ? static_cast<size_t>(all) : CURL_WRITEFUNC_ERROR;
@@ -137,6 +165,16 @@ size_t CurlHooks::send(char* bytes, size_t size, size_t count, void* data) {
     if (!running.request.source) return 0;
     const qint64 read = running.request.source(bytes, static_cast<qint64>(size) * static_cast<qint64>(count));
     return read < 0 ? CURL_READFUNC_ABORT : static_cast<size_t>(read);
+}
+
+int CurlHooks::judge_host_key(void* data, int, const char* key, size_t count) {
+    auto& running = *static_cast<Running*>(data);
+    running.heard_byte();
+    running.greet();
+    running.answer.ssh.greeted = true;
+    const bool known = running.session.key_check_.passes(QByteArray(key, static_cast<qsizetype>(count)));
+    if (known) running.ask();
+    return known ? CURLKHMATCH_OK : CURLKHMATCH_MISMATCH;
 }
 
 CURLcode CurlHooks::judge_certificates(CURL*, void* context, void* session) {

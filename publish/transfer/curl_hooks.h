@@ -22,6 +22,10 @@ struct CurlSession::Running {
     CurlAnswer answer{};
 
     void heard_byte() { last_byte = Clock::now(); }
+    /// The server has said its first word; something was asked of it; it has answered. Each is told once.
+    void greet();
+    void ask();
+    void hear();
     /// Whether the request is to go on; notes in the answer why not.
     bool go_on();
 
@@ -34,6 +38,9 @@ struct CurlSession::Running {
     void let_go();
 };
 
+/// Whether the other side has ended a connection.
+[[nodiscard]] bool has_hung_up(int socket);
+
 /// The functions through which libcurl tells of a request and moves its bytes.
 struct CurlHooks {
     using Running = CurlSession::Running;
@@ -42,11 +49,12 @@ struct CurlHooks {
 
     static int resolving(void* resolver, void* reserved, void* running);
     static curl_socket_t open_socket(void* running, curlsocktype purpose, curl_sockaddr* address);
-    static int close_socket(void* interruption, curl_socket_t socket);
+    static int close_socket(void* session, curl_socket_t socket);
     static int said(CURL* easy, curl_infotype kind, char* bytes, size_t count, void* running);
     static int moved(void* running, curl_off_t down_all, curl_off_t down, curl_off_t up_all, curl_off_t up);
     static size_t receive(char* bytes, size_t size, size_t count, void* running);
     static size_t send(char* bytes, size_t size, size_t count, void* running);
+    static int judge_host_key(void* running, int kind, const char* key, size_t count);
     static CURLcode judge_certificates(CURL* easy, void* context, void* session);
 };
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <poll.h>
+#include <sys/socket.h>
 #include <utility>
 
 #include "publish/transfer/curl_hooks.h"
@@ -15,11 +16,10 @@ namespace {
 
 using CommandList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 
-CommandList command_list(const QByteArrayList& commands) {
+CommandList command_list(const QByteArrayList& commands, const char* mark) {
     CommandList list(nullptr, &curl_slist_free_all);
-    // With "*" a refused command is an answer like any other; without, libcurl ends the connection.
     for (const QByteArray& command : commands)
-        list.reset(curl_slist_append(list.release(), ("*" + command).constData()));
+        list.reset(curl_slist_append(list.release(), (mark + command).constData()));
     return list;
 }
 
@@ -37,7 +37,10 @@ long protection_level(ProtectionWish wish) {
 
 QByteArray address_of(const RemoteHost& host, const QByteArray& path) {
     const QString name = host.name.contains(u':') ? u'[' + host.name + u']' : host.name;
-    return "ftp://" + name.toLatin1() + ':' + QByteArray::number(host.port) + '/' + path;
+    const QByteArray server = name.toLatin1() + ':' + QByteArray::number(host.port);
+    // An absolute path is told by its second slash in FTP; in SFTP by its first, unless it looks like the home folder.
+    if (host.protocol == HostProtocol::kFtp) return "ftp://" + server + '/' + path;
+    return "sftp://" + server + (path.startsWith("/~") ? "/." : "") + path;
 }
 
 }  // namespace
@@ -48,6 +51,7 @@ CurlSession::CurlSession(TransferLogin login, TransferWaits waits, Interruption&
       interruption_(interruption),
       watch_(std::move(watch)),
       check_(login_.host.name, login_.trusted_certificate),
+      key_check_(login_.trusted_certificate),
       easy_(curl_easy_init()) {
 }
 
@@ -67,14 +71,17 @@ void CurlSession::drop() {
 bool CurlSession::connected() const {
     if (control_socket_ < 0) return false;
     std::array<pollfd, 1> socket{{{.fd = control_socket_, .events = POLLIN, .revents = 0}}};
-    return ::poll(socket.data(), socket.size(), 0) == 0;
+    if (::poll(socket.data(), socket.size(), 0) == 0) return true;
+    // An SSH server may ask now and then whether anybody is there.
+    char byte = 0;
+    return ssh() && ::recv(control_socket_, &byte, 1, MSG_PEEK | MSG_DONTWAIT) == 1;
 }
 
 void CurlSession::configure(const CurlRequest& request) {
     curl_easy_reset(easy_);
     const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(easy_, option, value); };
     set(CURLOPT_URL, address_of(login_.host, request.path).constData());
-    set(CURLOPT_PROTOCOLS_STR, "ftp");
+    set(CURLOPT_PROTOCOLS_STR, ssh() ? "sftp" : "ftp");
     set(CURLOPT_PROXY, "");
     set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
     set(CURLOPT_USERNAME, login_.user.toUtf8().constData());
@@ -83,9 +90,22 @@ void CurlSession::configure(const CurlRequest& request) {
     set(CURLOPT_PATH_AS_IS, 1L);
     // A name server that does not answer is not waited for when a request is ended.
     set(CURLOPT_QUICK_EXIT, 1L);
-
-    const auto silence = std::chrono::ceil<std::chrono::seconds>(waits_.silence).count();
     set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>((waits_.connect + waits_.silence).count()));
+    if (request.source) {
+        set(CURLOPT_UPLOAD, 1L);
+        set(CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(request.source_size));
+    } else if (!request.sink) {
+        set(CURLOPT_NOBODY, 1L);
+    }
+    if (ssh())
+        configure_sftp();
+    else
+        configure_ftp(request);
+}
+
+void CurlSession::configure_ftp(const CurlRequest& request) {
+    const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(easy_, option, value); };
+    const auto silence = std::chrono::ceil<std::chrono::seconds>(waits_.silence).count();
     set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(silence));
 
     set(CURLOPT_USE_SSL, protection_level(login_.protection));
@@ -101,25 +121,33 @@ void CurlSession::configure(const CurlRequest& request) {
     set(CURLOPT_FTP_FILEMETHOD,
         static_cast<long>(request.enter_folder ? CURLFTPMETHOD_SINGLECWD : CURLFTPMETHOD_NOCWD));
     if (!request.listing.isEmpty()) set(CURLOPT_CUSTOMREQUEST, request.listing.constData());
-    if (request.source) {
-        set(CURLOPT_UPLOAD, 1L);
-        set(CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(request.source_size));
-    } else if (!request.sink) {
-        set(CURLOPT_NOBODY, 1L);
-    }
+}
+
+void CurlSession::configure_sftp() {
+    // Many servers ask for the password as a question of their own. Keys of the person's are another matter.
+    curl_easy_setopt(easy_, CURLOPT_SSH_AUTH_TYPES, long{CURLSSH_AUTH_PASSWORD} | long{CURLSSH_AUTH_KEYBOARD});
+    // So much goes up before an answer is waited for.
+    constexpr long kInFlight = 512 << 10;
+    curl_easy_setopt(easy_, CURLOPT_UPLOAD_BUFFERSIZE, kInFlight);
 }
 
 CurlAnswer CurlSession::perform(const CurlRequest& request) {
     if (multi_ == nullptr) multi_ = curl_multi_init();
     configure(request);
-    const CommandList commands = command_list(request.commands);
-    const CommandList afterwards = command_list(request.afterwards);
+    // With "*" a refused FTP command is an answer like any other; without, libcurl ends the connection. In SFTP the
+    // result alone tells.
+    const char* const mark = ssh() ? "" : "*";
+    const CommandList commands = command_list(request.commands, mark);
+    const CommandList afterwards = command_list(request.afterwards, mark);
     curl_easy_setopt(easy_, CURLOPT_QUOTE, commands.get());
     curl_easy_setopt(easy_, CURLOPT_POSTQUOTE, afterwards.get());
     std::array<char, CURL_ERROR_SIZE> message{};
     curl_easy_setopt(easy_, CURLOPT_ERRORBUFFER, message.data());
     Running running{.session = *this, .request = request, .easy = easy_, .greeted = control_socket_ >= 0};
+    running.answer.ssh = {.spoken = ssh(), .greeted = running.greeted};
+    hung_up_ = false;
     CurlHooks::install(running);
+    if (ssh() && running.greeted) running.ask();
 
     curl_multi_add_handle(multi_, easy_);
     drive(running);
@@ -128,19 +156,42 @@ CurlAnswer CurlSession::perform(const CurlRequest& request) {
     long os_error = 0;
     curl_easy_getinfo(easy_, CURLINFO_OS_ERRNO, &os_error);
     answer.os_error = static_cast<int>(os_error);
-    const char* home = nullptr;
-    curl_easy_getinfo(easy_, CURLINFO_FTP_ENTRY_PATH, &home);
-    answer.home = home;
     curl_socket_t socket = CURL_SOCKET_BAD;
     curl_easy_getinfo(easy_, CURLINFO_ACTIVESOCKET, &socket);
+    // libcurl's pointer to it lives no longer than the connection.
+    const char* home = nullptr;
+    if (socket != CURL_SOCKET_BAD) curl_easy_getinfo(easy_, CURLINFO_FTP_ENTRY_PATH, &home);
+    answer.home = home;
     curl_multi_remove_handle(multi_, easy_);
 
     control_socket_ = answer.end == CurlEnd::kItself ? socket : -1;
+    if (ssh()) {
+        running.hear();
+        answer.ssh.hung_up = hung_up_ || (control_socket_ >= 0 && has_hung_up(control_socket_));
+        answer.afterwards_begun = !request.afterwards.isEmpty() && answer.result == CURLE_QUOTE_ERROR;
+    } else if (!request.afterwards.isEmpty()) {
+        const QByteArray& first = request.afterwards.first();
+        answer.afterwards_begun = answer.talk.reply_to(first.first(first.indexOf(' '))) != nullptr;
+    }
     if (control_socket_ < 0) drop();
     if (answer.result == CURLE_PEER_FAILED_VERIFICATION)
+        note_doubt();
+    else if (ssh() && control_socket_ >= 0)
+        protection_ = {.encrypted = true,
+                       .files_encrypted = true,
+                       .protocol = u"SSH"_s,
+                       .verified = true,
+                       .fingerprint = key_check_.fingerprint()};
+    return answer;
+}
+
+/// What stood against the server's certificate or key.
+void CurlSession::note_doubt() {
+    if (ssh())
+        protection_ = {.protocol = u"SSH"_s, .fingerprint = key_check_.fingerprint(), .doubt = key_check_.doubt()};
+    else
         protection_ = {
             .protocol = {}, .holder = check_.holder(), .fingerprint = check_.fingerprint(), .doubt = check_.doubt()};
-    return answer;
 }
 
 void CurlSession::drive(Running& running) {
@@ -174,7 +225,7 @@ void CurlSession::drive(Running& running) {
     if (running.answer.result != CURLE_OK) running.go_on();
 }
 
-void CurlSession::note_protection(CURL* easy, const FtpTalk& talk) {
+void CurlSession::note_tls(CURL* easy, const FtpTalk& talk) {
     const QByteArray& command = talk.replies().last().command;
     if (command == "USER") {
         protection_ = {};

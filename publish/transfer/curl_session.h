@@ -8,6 +8,7 @@
 
 #include "publish/transfer/certificate_check.h"
 #include "publish/transfer/ftp_talk.h"
+#include "publish/transfer/host_key_check.h"
 #include "publish/transfer/interruption.h"
 #include "publish/transfer/transfer_login.h"
 #include "publish/transfer/transfer_outcome.h"
@@ -35,10 +36,20 @@ struct CurlRequest {
 
 enum class CurlEnd { kItself, kInterrupted, kTooSlow, kEndlessReply };
 
+/// What is known of an SSH server beside libcurl's result.
+struct SshTalk {
+    bool spoken = false;         ///< the protocol is SFTP
+    bool greeted = false;        ///< it has shown its key, in this request or an earlier one
+    QByteArray login_methods{};  ///< which it offers, by their names, joined by ","; empty while it has not said
+    bool hung_up = false;        ///< the connection was closed by the server, not by this side
+};
+
 struct CurlAnswer {
     CURLcode result = CURLE_OK;
     CurlEnd end = CurlEnd::kItself;
+    bool afterwards_begun = false;  ///< the source has gone up whole
     FtpTalk talk{};
+    SshTalk ssh{};      ///< SFTP says nothing in `talk`
     QString message{};  ///< libcurl's words for its result
     int os_error = 0;   ///< errno, where the system refused
     QByteArray home{};  ///< the folder that the server gave at the login
@@ -70,19 +81,25 @@ class CurlSession {
     struct Running;
     friend struct CurlHooks;
 
+    [[nodiscard]] bool ssh() const { return login_.host.protocol == HostProtocol::kSftp; }
     void configure(const CurlRequest& request);
+    void configure_ftp(const CurlRequest& request);
+    void configure_sftp();
     void drive(Running& running);
-    void note_protection(CURL* easy, const FtpTalk& talk);
+    void note_tls(CURL* easy, const FtpTalk& talk);
+    void note_doubt();
 
     TransferLogin login_;
     TransferWaits waits_;
     Interruption& interruption_;
     SessionWatch watch_;
     CertificateCheck check_;
+    HostKeyCheck key_check_;
     LineProtection protection_;
     CURLM* multi_ = nullptr;
     CURL* easy_ = nullptr;
     int control_socket_ = -1;
+    bool hung_up_ = false;  ///< the server has closed a connection since the request began
 };
 
 }  // namespace pondera

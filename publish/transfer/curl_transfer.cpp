@@ -51,7 +51,6 @@ JobReports CurlTransfer::reports() {
 TransferResult<TransferJob> CurlTransfer::job_for(const QString& command) const {
     const std::expected<RemoteHost, HostFault> host = parse_host(host_);
     if (!host) return std::unexpected(fault(host.error() == HostFault::kMalformed ? kBadAddress : kUnknownScheme));
-    if (host->protocol != HostProtocol::kFtp) return std::unexpected(fault(kUnknownScheme));
     if (has_control_characters(user_)) return std::unexpected(fault(kUserRefused));
     if (has_control_characters(password_)) return std::unexpected(fault(kPasswordRefused));
     const auto parsed = parse_command(command, [](const QString& path) { return QFileInfo(path).isFile(); });

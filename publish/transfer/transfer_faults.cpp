@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "base/text_file.h"
+#include "publish/transfer/ssh_faults.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,12 +13,8 @@ namespace pondera {
 namespace {
 
 constexpr int kNotLoggedIn = 530;
-
-TransferFault broken(ResponseNumber number) {
-    TransferFault result = fault(number);
-    result.broken = true;
-    return result;
-}
+constexpr int kNoSuchFile = 550;
+constexpr int kNameNotAllowed = 553;
 
 TransferFault login_fault(const FtpTalk& talk) {
     const FtpReply* const last = talk.last();
@@ -31,6 +28,9 @@ TransferFault login_fault(const FtpTalk& talk) {
 
 /// The last reply with which the server refused something; nullptr when there is none.
 const FtpReply* refusal(const FtpTalk& talk) {
+    // The second command of a renaming answers "wrong order" then, which says nothing; the first one's refusal does.
+    const FtpReply* const renaming = talk.reply_to("RNFR");
+    if (renaming != nullptr && !renaming->good()) return renaming;
     const FtpReply* const last = talk.last();
     return last != nullptr && !last->good() ? last : nullptr;
 }
@@ -45,7 +45,7 @@ TransferFault fault(ResponseNumber number) {
     static const QHash<int, QString> kSentences = {
         {kTimedOut, u"The server does not answer."_s},
         {kBadAddress, u"This is not the name of a server."_s},
-        {kUnknownScheme, u"Only servers for FTP can be reached."_s},
+        {kUnknownScheme, u"Only servers for FTP and SFTP can be reached."_s},
         {kNameNotResolved, u"There is no server of this name, or the network is off."_s},
         {kUserRefused, u"The server does not accept the user name."_s},
         {kPasswordRefused, u"The server does not accept the password."_s},
@@ -64,8 +64,16 @@ TransferFault fault(ResponseNumber number) {
     return {.code = number, .text = kSentences.value(number, u"An internal error has occurred."_s)};
 }
 
+TransferFault broken(ResponseNumber number) {
+    TransferFault result = fault(number);
+    result.broken = true;
+    return result;
+}
+
 TransferFault refused(const FtpReply& reply) {
-    return {.code = kServerAnsweredError, .text = decode_text(reply.text).text};
+    return {.code = kServerAnsweredError,
+            .text = decode_text(reply.text).text,
+            .name_refused = reply.code == kNoSuchFile || reply.code == kNameNotAllowed};
 }
 
 TransferFault local_fault(const FileError& error) {
@@ -80,7 +88,7 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
         case CurlEnd::kInterrupted:
             return std::unexpected(fault(kCancelled));
         case CurlEnd::kTooSlow:
-            return std::unexpected(broken(kTimedOut));
+            return std::unexpected(answer.ssh.spoken ? fault_of_ssh(answer) : broken(kTimedOut));
         case CurlEnd::kEndlessReply:
             return std::unexpected(fault(kConnectionEnded));
         case CurlEnd::kItself:
@@ -106,13 +114,14 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
         case CURLE_FTP_ACCEPT_TIMEOUT:
             return std::unexpected(broken(kTimedOut));
         case CURLE_LOGIN_DENIED:
-            return std::unexpected(login_fault(answer.talk));
+            return std::unexpected(answer.ssh.spoken ? fault_of_ssh(answer) : login_fault(answer.talk));
         case CURLE_USE_SSL_FAILED:
         case CURLE_SSL_CONNECT_ERROR:
             return std::unexpected(fault(kNoProtection));
         case CURLE_PEER_FAILED_VERIFICATION:
             return std::unexpected(fault(kCertificateNotTrusted));
         default:
+            if (answer.ssh.spoken) return std::unexpected(fault_of_ssh(answer));
             // What the server refused says more than what libcurl could not do therefore.
             if (refused_reply != nullptr) return std::unexpected(refused(*refused_reply));
             return std::unexpected(ended(answer));

@@ -11,7 +11,8 @@ namespace pondera {
 struct TransferFault {
     int code = kInternalFault;  ///< as `TransferOutcome::code`
     QString text{};
-    bool broken = false;  ///< the connection is gone, and a new one may do better
+    bool broken = false;        ///< the connection is gone, and a new one may do better
+    bool name_refused = false;  ///< the server may take a file by another name
 };
 
 template <typename T>
@@ -29,5 +30,8 @@ using TransferResult = std::expected<T, TransferFault>;
 
 /// A fault by its number, with its sentence.
 [[nodiscard]] TransferFault fault(ResponseNumber number);
+
+/// The same for a connection that is gone.
+[[nodiscard]] TransferFault broken(ResponseNumber number);
 
 }  // namespace pondera

@@ -6,6 +6,7 @@
 
 #include "publish/transfer/ftp_session.h"
 #include "publish/transfer/remote_name.h"
+#include "publish/transfer/sftp_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,15 +70,17 @@ void TransferWorker::renew_session(const TransferJob& job) {
     login_ = job.login;
     folder_.clear();
     session_.reset();
-    session_ = std::make_unique<FtpSession>(
-        login_, waits_, interruption_,
-        SessionWatch{.state =
-                         [this](InternetState state) {
-                             states_ << state;
-                             if (state <= InternetState::kConnected) tell_states();
-                         },
-                     .progress = [this](qint64 now, qint64 total) { reports_.progress(job_, now, total); },
-                     .idle = [this] { tell_states(); }});
+    const SessionWatch watch{.state =
+                                 [this](InternetState state) {
+                                     states_ << state;
+                                     if (state <= InternetState::kConnected) tell_states();
+                                 },
+                             .progress = [this](qint64 now, qint64 total) { reports_.progress(job_, now, total); },
+                             .idle = [this] { tell_states(); }};
+    if (login_.host.protocol == HostProtocol::kSftp)
+        session_ = std::make_unique<SftpSession>(login_, waits_, interruption_, watch);
+    else
+        session_ = std::make_unique<FtpSession>(login_, waits_, interruption_, watch);
 }
 
 void TransferWorker::tell_states() {

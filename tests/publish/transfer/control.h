@@ -33,6 +33,12 @@ class Control {
         return inet.ResponseCode();
     }
 
+    /// Goes to a server, and trusts it when it asks for that.
+    void meet(const QString& host) {
+        inet.set_host(host);
+        if (run(u"DIR"_s) == kCertificateNotTrusted) inet.trust_certificate(inet.Protection().fingerprint);
+    }
+
     /// Turns the event loop until `reached`, at most for half a minute.
     static void wait_until(const std::function<bool()>& reached) {
         QElapsedTimer waited;

@@ -19,11 +19,19 @@ bool answers(int port) {
     return probe.waitForConnected(200);
 }
 
+void run(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
+}
+
 }  // namespace
 
 RealServer::RealServer(Kind kind, bool tls) : kind_(kind), tls_(tls), port_(free_port()) {
     QDir().mkpath(path({}));
     if (tls_) make_certificate();
+    if (kind_ == Kind::kAsyncssh) make_host_key();
     QStringList arguments = command();
     const QString program = arguments.takeFirst();
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -39,12 +47,13 @@ RealServer::~RealServer() {
 }
 
 void RealServer::make_certificate() {
-    QProcess openssl;
-    openssl.start(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s,
-                                 u"-subj"_s, u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s,
-                                 folder_.path(u"cert.pem"_s)});
-    EXPECT_TRUE(openssl.waitForFinished());
-    EXPECT_EQ(openssl.exitCode(), 0);
+    run(u"openssl"_s,
+        {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
+         u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s, folder_.path(u"cert.pem"_s)});
+}
+
+void RealServer::make_host_key() {
+    run(u"ssh-keygen"_s, {u"-q"_s, u"-t"_s, u"ed25519"_s, u"-N"_s, QString(), u"-f"_s, host_key()});
 }
 
 QStringList RealServer::command() {
@@ -52,6 +61,9 @@ QStringList RealServer::command() {
     if (kind_ == Kind::kPyftpdlib)
         return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/transfer/serve.py"), path({}),
                 port, tls_ ? folder_.path({}) : QString()};
+    if (kind_ == Kind::kAsyncssh)
+        return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/transfer/serve_sftp.py"),
+                path({}), port, host_key()};
     // It runs as whoever runs the test, so it needs no root.
     QString settings =
         u"run_as_launching_user=YES\nlisten=YES\nlisten_address=127.0.0.1\nlisten_port=%1\n"
@@ -66,7 +78,7 @@ QStringList RealServer::command() {
 }
 
 QString RealServer::host() const {
-    return u"127.0.0.1:"_s + QString::number(port_);
+    return (kind_ == Kind::kAsyncssh ? u"sftp://127.0.0.1:"_s : u"127.0.0.1:"_s) + QString::number(port_);
 }
 
 QString RealServer::remote_root() const {

@@ -8,18 +8,20 @@ using namespace Qt::StringLiterals;
 
 namespace pondera {
 
-/// A real FTP server on a free port of loopback, with a throw-away folder that anybody may write to.
+/// A real server on a free port of loopback, with a throw-away folder that anybody may write to.
 class RealServer {
   public:
-    enum class Kind { kVsftpd, kPyftpdlib };
+    enum class Kind { kVsftpd, kPyftpdlib, kAsyncssh };
 
-    /// With `tls` the server offers protection, with a certificate that no authority vouches for.
-    RealServer(Kind kind, bool tls);
+    /// With `tls` an FTP server offers protection, with a certificate that no authority vouches for.
+    explicit RealServer(Kind kind, bool tls = false);
     ~RealServer();
     RealServer(const RealServer&) = delete;
     RealServer& operator=(const RealServer&) = delete;
 
     [[nodiscard]] QString host() const;
+    /// The file of an SSH server's key.
+    [[nodiscard]] QString host_key() const { return folder_.path(u"host_key"_s); }
     /// The served folder, as the server calls it.
     [[nodiscard]] QString remote_root() const;
     /// The served folder itself.
@@ -31,6 +33,7 @@ class RealServer {
   private:
     [[nodiscard]] QStringList command();
     void make_certificate();
+    void make_host_key();
 
     TestFolder folder_;
     Kind kind_;

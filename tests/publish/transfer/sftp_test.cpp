@@ -1,0 +1,135 @@
+#include <QElapsedTimer>
+
+#include "publish/transfer/host_key_check.h"
+#include "publish/transfer/transfer_command.h"
+#include "tests/publish/transfer/control.h"
+#include "tests/publish/transfer/real_server.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+using Kind = RealServer::Kind;
+
+class Sftp : public testing::Test {
+  protected:
+    /// A folder on the server, by its trouble, that holds an old page.
+    void work_in(const QString& folder) {
+        QDir().mkpath(server.path(folder));
+        ASSERT_TRUE(write_file(server.path(folder + u"/page.htm"_s), "old"));
+        ASSERT_EQ(control.run(u"CD /"_s + folder), kFine) << control.inet.ResponseInfo().toStdString();
+    }
+    int send(const QString& name = u"page.htm"_s) { return control.run(u"SEND "_s + page + u' ' + name); }
+    void SetUp() override { control.meet(server.host()); }
+
+    const TestFolder site;
+    const QString page = site.put(u"page.htm"_s, QByteArray(300'000, 'p'));
+    const RealServer server{Kind::kAsyncssh};
+    Control control;
+};
+
+TEST_F(Sftp, AKeyIsTrustedByThePersonAndNoOther) {
+    Control stranger;
+    stranger.inet.set_host(server.host());
+    ASSERT_EQ(stranger.run(u"DIR"_s), kCertificateNotTrusted);
+    const LineProtection first = stranger.inet.Protection();
+    QProcess keygen;
+    keygen.start(u"ssh-keygen"_s, {u"-l"_s, u"-f"_s, server.host_key()});
+    ASSERT_TRUE(keygen.waitForFinished());
+    EXPECT_EQ(shown_host_key(first.fingerprint), QString::fromLatin1(keygen.readAll()).section(u' ', 1, 1));
+
+    stranger.inet.trust_certificate(first.fingerprint);
+    EXPECT_EQ(stranger.run(u"DIR"_s), kFine);
+    EXPECT_TRUE(stranger.inet.Protection().verified);
+    EXPECT_EQ(stranger.inet.Protection().doubt, QString());
+
+    const RealServer other(Kind::kAsyncssh);
+    stranger.inet.set_host(other.host());
+    ASSERT_EQ(stranger.run(u"DIR"_s), kCertificateNotTrusted);
+    EXPECT_NE(stranger.inet.Protection().fingerprint, first.fingerprint);
+    EXPECT_NE(stranger.inet.Protection().doubt, first.doubt);
+    EXPECT_FALSE(stranger.inet.Protection().encrypted);
+}
+
+TEST_F(Sftp, Logins) {
+    struct Row {
+        QString user;
+        QString password;
+        int code;
+    };
+    for (const Row& row : {Row{u"known"_s, u"secret"_s, kFine}, Row{u"known"_s, u"wrong"_s, kPasswordRefused},
+                           Row{u"asked"_s, u"secret"_s, kFine}, Row{u"asked"_s, u"wrong"_s, kPasswordRefused},
+                           Row{u"keyed"_s, u"secret"_s, kLoginFailed}}) {
+        control.inet.set_user(row.user);
+        control.inet.set_password(row.password);
+        EXPECT_EQ(control.run(u"DIR"_s), row.code) << qPrintable(row.user + row.password + control.inet.ResponseInfo());
+    }
+    const RealServer ftp(Kind::kPyftpdlib);
+    Control quick({.connect = std::chrono::seconds(1), .retries = {}});
+    quick.inet.set_host(u"sftp://"_s + ftp.host());
+    EXPECT_EQ(quick.run(u"DIR"_s), kTimedOut);
+    control.inet.set_host(u"sftp://127.0.0.1:1"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kCannotConnect);
+    control.inet.set_host(u"sftp://no-such-host.invalid"_s);
+    EXPECT_EQ(control.run(u"DIR"_s), kNameNotResolved);
+}
+
+TEST_F(Sftp, NamesAreNeverCommands) {
+    work_in(u"~"_s);
+    for (const QString& name : {u"a\" \"b"_s, u"back\\slash\\"_s, u"it's"_s, u" blanks "_s, u"; rm x"_s}) {
+        EXPECT_EQ(control.run(u"MKDIR "_s + quoted(name)), kFine) << qPrintable(name);
+        EXPECT_TRUE(QDir(server.path(u"~/"_s + name)).exists()) << qPrintable(name);
+        EXPECT_EQ(control.run(u"RMDIR "_s + quoted(name)), kFine) << qPrintable(name);
+        EXPECT_EQ(send(quoted(name)), kFine) << qPrintable(name);
+        EXPECT_EQ(control.run(u"DELETE "_s + quoted(name)), kFine) << qPrintable(name);
+    }
+    EXPECT_EQ(server.names(u"~"_s), QStringList(u"page.htm"_s));
+    EXPECT_EQ(server.names(), QStringList(u"~"_s));
+}
+
+/// What the server cannot take leaves the old page whole, and nothing beside it.
+TEST_F(Sftp, RefusedUploads) {
+    work_in(u"full"_s);
+    EXPECT_EQ(send(), kServerAnsweredError);
+    EXPECT_TRUE(control.inet.ResponseInfo().contains(u"no space left")) << control.inet.ResponseInfo().toStdString();
+    EXPECT_EQ(server.bytes(u"full/page.htm"_s), "old");
+    EXPECT_EQ(server.names(u"full"_s), QStringList(u"page.htm"_s));
+    EXPECT_EQ(control.inet.RemoteFolder(), u"/full"_s);
+    work_in(u"locked"_s);
+    EXPECT_EQ(send(u"new.htm"_s), kServerAnsweredError);
+    EXPECT_EQ(server.names(u"locked"_s), QStringList(u"page.htm"_s));
+    EXPECT_EQ(send(), kFine) << "a file that is there may be written";
+    EXPECT_EQ(server.bytes(u"locked/page.htm"_s).size(), 300'000);
+}
+
+TEST_F(Sftp, ACutConnectionIsBuiltAgain) {
+    work_in(u"cut"_s);
+    control.states.clear();
+    EXPECT_EQ(send(), kFine) << control.inet.ResponseInfo().toStdString();
+    EXPECT_EQ(control.states.count(InternetState::kConnected), 1);
+    EXPECT_EQ(server.bytes(u"cut/page.htm"_s).size(), 300'000);
+    EXPECT_EQ(server.names(u"cut"_s), QStringList(u"page.htm"_s));
+}
+
+TEST_F(Sftp, EveryWaitIsBoundedAndCanBeCancelled) {
+    work_in(u"mute"_s);
+    Control quick({.silence = std::chrono::seconds(1), .retries = {}});
+    quick.meet(server.host());
+    EXPECT_EQ(quick.run(u"SEND "_s + page + u" /mute/page.htm"_s), kTimedOut);
+    Control patient;
+    patient.meet(server.host());
+    patient.states.clear();
+    patient.inet.Execute(u"SEND "_s + page + u" /mute/page.htm"_s);
+    Control::wait_until([&] { return patient.states.contains(InternetState::kRequestSent); });
+    patient.inet.Cancel();
+    EXPECT_EQ(patient.states.last(), InternetState::kDisconnected);
+    QElapsedTimer waited;
+    waited.start();
+    EXPECT_EQ(patient.run(u"MKDIR /y"_s), kFine) << patient.inet.ResponseInfo().toStdString();
+    EXPECT_LT(waited.elapsed(), 1'000);
+    EXPECT_EQ(server.bytes(u"mute/page.htm"_s), "old");
+}
+
+}  // namespace
+}  // namespace pondera
