@@ -1,0 +1,79 @@
+#include "base/roots.h"
+#include "publish/hosted/hosted_login.h"
+#include "publish/hosted/hosting_service.h"
+#include "publish/hosted/service_files.h"
+#include "tests/support/tables.h"
+#include "tests/support/test_folder.h"
+
+namespace pondera {
+
+TEST(HostedRules, EntriesOfTheServiceAreNeitherListedNorSent) {
+    const auto kind = [](const QString& name) { return belongs_to_service(name) ? u"service"_s : u"ours"_s; };
+    expect_results(kind, {
+                             u"cgi-bin | cgi-bin/ | CGI-BIN/ | dominio.txt | domain.txt | Domain.TXT → service",
+                             u"./ | ../ | .ftpquota | ftpquota | old-ftpquota.bak → service",
+                             u"index.htm | media/ | mydomain.txt | domain.txt.htm | cgi-bin2/ | .htaccess → ours",
+                         });
+    RemoteListing listing;
+    for (const QString& name : {u"domain.txt"_s, u"old_index.htm"_s, u"index.htm"_s, u".ftpquota"_s})
+        listing.entries << RemoteEntry{.name = name};
+    for (const QString& name : {u"cgi-bin"_s, u"media"_s}) listing.entries << RemoteEntry{.name = name, .folder = true};
+    EXPECT_EQ(hosted_listing(listing).join(u' '), u"old_index.htm index.htm media/"_s);
+    EXPECT_EQ(home_page_of(hosted_listing(listing)), 0);
+    EXPECT_EQ(home_page_of({u"media/"_s}), -1);
+    for (int n = 0; n < 20'000; ++n) listing.entries << RemoteEntry{.name = QString::number(n)};
+    EXPECT_EQ(hosted_listing(listing).size(), 10'001 - 3);
+
+    const TestFolder folder;
+    for (const QString& name : {u"index.htm"_s, u"domain.txt"_s, u"media/img/domain.txt"_s}) folder.put(name);
+    EXPECT_EQ(names_of_service(folder.path()), QStringList(u"domain.txt"_s));
+}
+
+TEST(HostedRules, AccountFileGrantsEntryToThePasswordInIt) {
+    const auto entry = [](const QString& account) {
+        return grants_entry(QString(account).replace(u'~', u"\r\n"_s), u"se cret"_s) ? u"in"_s : u"out"_s;
+    };
+    expect_results(entry, {
+                              u"password=se cret | domain=bakery~password=se cret~ | password=se~ cret → in",
+                              u"password=SE CRET | password= se cret | password=se cret~owner=x | se cret → out",
+                          });
+    EXPECT_FALSE(grants_entry(u""_s, u""_s));
+}
+
+TEST(HostedRules, LoginIsRefusedWithWhatIsMissing) {
+    const auto refusal = [](const QString& fields) {
+        const QStringList parts = fields.split(u',');
+        return refusal_of_login(
+                   {.server = {.host = parts[0], .user = parts[1], .site = parts[2]}, .domain_password = parts[3]}) +
+               u'|';
+    };
+    expect_results(refusal, {
+                                u"h,u,bakery,p | h,u,my-shop2.sub,p → |",
+                                u",u,bakery,p → Insert the name of the remote host you want to connect to.|",
+                                u"h,,bakery,p | h,u,,p | h,u,bakery, → Insert all required data|",
+                                u"h,u,../x,p | h,u,a/b,p | h,u,my shop,p | h,u,..,p → The name of a sub-domain has "
+                                u"letters, digits and hyphens only: bakery, for example.|",
+                            });
+}
+
+TEST(HostingServiceSettings, ShippedFileIsReadAndWhatIsMissingKeepsItsValue) {
+    const Roots shipped(QStringLiteral(PONDERA_SOURCE_DIR "/system"));
+    const auto service = read_hosting_service(shipped);
+    ASSERT_TRUE(service);
+    EXPECT_EQ(service->typed_host(), u"ftp.hosting.example"_s);
+    EXPECT_EQ(service->web_root + u'/' + service->account_file, u"public_html/domain.txt"_s);
+    EXPECT_EQ(service->address_of(u"bakery"_s), u"http://bakery.hosting.example/"_s);
+
+    const HostingService other = parse_hosting_service(u"# host = no\r\nhost = x.org\r\nport=2121\r\nweb root =\r\n"_s);
+    EXPECT_EQ(other.typed_host() + u' ' + other.web_root, u"x.org:2121 public_html"_s);
+    EXPECT_EQ(parse_hosting_service(u"host=x.org\nport=99999"_s).typed_host(), u"x.org"_s);
+
+    const auto domain = [&](const QString& typed) { return service->domain_of(typed); };
+    expect_results(domain, {
+                               u"bakery | bakery.hosting.example | HTTP://bakery.hosting.example/ → bakery",
+                               u".hosting.example → .hosting.example",
+                           });
+    EXPECT_EQ(other.domain_of(u" bakery "_s), u"bakery"_s);
+}
+
+}  // namespace pondera
