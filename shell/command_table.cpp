@@ -5,6 +5,7 @@
 #include "publish/connection/connection_commands.h"
 #include "shell/links/link_commands.h"
 #include "shell/pages/page_commands.h"
+#include "shell/publish/publish_commands.h"
 #include "shell/shell_commands.h"
 #include "shell/website/website_commands.h"
 
@@ -12,7 +13,7 @@ namespace pondera {
 
 QList<Command> command_table() {
     return website_commands() + page_commands() + shell_commands() + edit_commands() + image_commands() +
-           link_commands() + level_commands() + connection_commands();
+           link_commands() + level_commands() + publish_commands() + connection_commands();
 }
 
 }  // namespace pondera

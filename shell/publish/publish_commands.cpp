@@ -1,0 +1,19 @@
+#include "shell/publish/publish_commands.h"
+
+namespace pondera {
+
+using namespace Qt::StringLiterals;
+
+const QList<Command>& publish_commands() {
+    static const QList<Command> commands{
+        {.name = u"mnu_pubblica_cartella"_s,
+         .caption = u"Publish to a &Folder..."_s,
+         .menu = u"Publish"_s,
+         .help = {u"/_HELP/_6_File Publish Folder.htm"_s, u"Help - Publish to a Folder"_s},
+         .run = mnu_pubblica_cartella},
+        {.name = u"separator"_s, .menu = u"Publish"_s},
+    };
+    return commands;
+}
+
+}  // namespace pondera

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "workbench/command.h"
+
+namespace pondera {
+
+/// The rows of the commands that publish the open Website.
+[[nodiscard]] const QList<Command>& publish_commands();
+
+void mnu_pubblica_cartella(Workbench& workbench);
+
+}  // namespace pondera
