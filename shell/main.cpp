@@ -31,10 +31,12 @@ bool prepare_folders(const pondera::Roots& roots, pondera::Prompts& prompts) {
         return false;
     }
     const QDir programs(QApplication::applicationDirPath());
-    const auto installed = install_shipped_files(programs.absoluteFilePath(u"../share/pondera"_s), roots);
-    if (!installed) {
-        prompts.tell(u"A file that Pondera works with could not be copied:\n%1\n%2"_s.arg(
-            QDir::toNativeSeparators(installed.error().path), installed.error().reason));
+    for (const QString& shipped : {u"../share/pondera"_s, u"../share/pondera-player"_s}) {
+        const auto installed = install_shipped_files(programs.absoluteFilePath(shipped), roots);
+        if (!installed) {
+            prompts.tell(u"A file that Pondera works with could not be copied:\n%1\n%2"_s.arg(
+                QDir::toNativeSeparators(installed.error().path), installed.error().reason));
+        }
     }
     place_help_viewer(programs.absoluteFilePath(u"Help.exe"_s), roots);
     return true;
