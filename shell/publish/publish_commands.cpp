@@ -11,6 +11,12 @@ const QList<Command>& publish_commands() {
          .menu = u"Publish"_s,
          .help = {u"/_HELP/_6_File Publish Folder.htm"_s, u"Help - Publish to a Folder"_s},
          .run = mnu_pubblica_cartella},
+        {.name = u"mnu_player"_s,
+         .caption = u"Create &Multimedia for CD-ROM..."_s,
+         .menu = u"Publish"_s,
+         .help = {u"/_HELP/_6_File CD-Rom.htm"_s, u"Help - Create Multimedia for CD-ROM"_s},
+         .icon = u"player"_s,
+         .run = mnu_player},
         {.name = u"separator"_s, .menu = u"Publish"_s},
     };
     return commands;

@@ -8,5 +8,6 @@ namespace pondera {
 [[nodiscard]] const QList<Command>& publish_commands();
 
 void mnu_pubblica_cartella(Workbench& workbench);
+void mnu_player(Workbench& workbench);
 
 }  // namespace pondera

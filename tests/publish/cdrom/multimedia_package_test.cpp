@@ -1,0 +1,151 @@
+#include "publish/cdrom/multimedia_package.h"
+
+#include <QFile>
+
+#include "base/roots.h"
+#include "publish/cdrom/multimedia_drives.h"
+#include "tests/support/folder_text.h"
+#include "tests/support/small_disk.h"
+#include "tests/support/test_folder.h"
+
+namespace pondera {
+
+class MultimediaPackage : public testing::Test {
+  protected:
+    void SetUp() override {
+        for (const QString& file : u"çindex.htm §_4_Sea.htm media/img/sea.jpg"_s.split(u' ')) have(file, "x");
+        have(u"index.htm"_s, "<A href=\"" + roots_.website(u"Shop"_s).toUtf8() + "/_4_Sea.htm\">home</A>");
+        have(u"_4_Sea.htm"_s, "sea");
+        for (const QString& tool : u"pnd.ico pndsetup.so pndplay.so multimedia.exe autorun.sh"_s.split(u' '))
+            drive_.put(kTools + tool, "tool");
+        for (const QString& tool : u"Player.exe Uninstall.exe Inserisci_CD.gif"_s.split(u' '))
+            drive_.put(kTools + u"Player Setup/"_s + tool, "setup");
+        drive_.put(kTools + u"AUTORUN.INF"_s, "icon=Install %NAME%\\pnd.ico\r\n");
+    }
+
+    void have(const QString& file, const QByteArray& bytes) const {
+        drive_.put(u"Pondera_Folder/Pondera/Shop/"_s + file, bytes);
+    }
+    void lose(const QString& path) const { ASSERT_TRUE(QFile::remove(drive_.path(path))) << path.toStdString(); }
+    [[nodiscard]] QStringList make() const { return create_multimedia(roots_, u"Shop"_s, roots_.drive_root()).faults; }
+    [[nodiscard]] QString package() const { return text_of_folder(drive_.path(u"Shop Multimedia"_s)); }
+
+    const QString kTools = u"Pondera_Folder/Pondera/Pondera_Tools/"_s;
+    const QString kWhole =
+        u"AUTORUN.INF=icon=Install Shop\\pnd.ico\r\n "
+        "Install Shop/Inserisci_CD.gif=setup Install Shop/Install Shop.exe=setup Install Shop/Uninstall.exe=setup "
+        "Install Shop/pnd.ico=tool Install Shop/pndsetup.so=tool "
+        "Shop/_4_Sea.htm=sea Shop/index.htm=<A href=\"_4_Sea.htm\">home</A> Shop/media/img/sea.jpg=x "
+        "autorun.sh=tool multimedia.exe=tool pndplay.so=tool"_s;
+    TestFolder drive_;
+    Roots roots_{drive_.path(u"Pondera_Folder"_s)};
+};
+
+TEST_F(MultimediaPackage, HoldsThePlayerTheInstallerAndThePreparedPages) {
+    QList<double> shares;
+    const auto end = create_multimedia(roots_, u"Shop"_s, roots_.drive_root(), [&](int done, int total) {
+        shares += static_cast<double>(done) / total;
+        return true;
+    });
+    EXPECT_TRUE(end.success()) << end.faults.join(u'\n').toStdString();
+    EXPECT_EQ(package(), kWhole);
+    EXPECT_TRUE(std::ranges::is_sorted(shares));
+    EXPECT_LT(shares.first(), 0.1);
+    EXPECT_GT(shares.last(), 0.9);
+    EXPECT_LE(shares.last(), 1.0);
+}
+
+TEST_F(MultimediaPackage, MadeAgainItFollowsTheWebsiteAndLeavesWhatOthersPutThere) {
+    have(u"media/img/old.jpg"_s, "old");
+    have(u"_4_Old.htm"_s, "old");
+    ASSERT_EQ(make(), QStringList());
+    drive_.put(u"Shop Multimedia/notes.txt"_s, "mine");
+    drive_.put(u"Shop Multimedia/Shop/media/img/mine.jpg"_s, "mine");
+    drive_.put(u"Shop Multimedia/Shop/_4_Old.htm"_s, "mine now");
+    drive_.put(u"Shop Multimedia/Shop/_4_Sea.htm"_s, "damaged");
+    drive_.put(u"Shop Multimedia/multimedia.exe"_s, "of an older version");
+    for (const QString& file : {u"media/img/old.jpg"_s, u"_4_Old.htm"_s})
+        lose(u"Pondera_Folder/Pondera/Shop/"_s + file);
+    EXPECT_EQ(make(), QStringList());
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/notes.txt"_s), "mine");
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/Shop/media/img/mine.jpg"_s), "mine");
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/Shop/_4_Old.htm"_s), "mine now");
+    for (const QString& file : {u"notes.txt"_s, u"Shop/media/img/mine.jpg"_s, u"Shop/_4_Old.htm"_s})
+        lose(u"Shop Multimedia/"_s + file);
+    EXPECT_EQ(package(), kWhole);
+}
+
+TEST_F(MultimediaPackage, GoesOnAfterWhatFailed) {
+    struct Row {
+        QString missing;  // in the tools folder
+        QString name;
+    };
+    for (const Row& row : {Row{u"AUTORUN.INF"_s, u"AUTORUN.INF"_s}, Row{u"pndsetup.so"_s, u"pndsetup.so"_s},
+                           Row{u"Player Setup/Player.exe"_s, u"Player.exe"_s}}) {
+        const QByteArray bytes = drive_.bytes(kTools + row.missing);
+        lose(kTools + row.missing);
+        EXPECT_EQ(make(), QStringList({u"Error occurred in the copy of file '%1': "_s.arg(row.name) +
+                                       QDir(roots_.tools_folder()).filePath(row.missing) + u" does not exist."_s}));
+        EXPECT_EQ(drive_.bytes(u"Shop Multimedia/Shop/_4_Sea.htm"_s), "sea");
+        drive_.put(kTools + row.missing, bytes);
+        ASSERT_TRUE(QDir(drive_.path(u"Shop Multimedia"_s)).removeRecursively());
+    }
+    // A file stands where the installer's folder should be: the pages come all the same.
+    drive_.put(u"Shop Multimedia/Install Shop"_s);
+    const QStringList faults = make();
+    ASSERT_EQ(faults.size(), 1);
+    EXPECT_THAT(faults.first(), testing::Truly([&](const QString& fault) {
+                    return fault.startsWith(u"Error in the creation of the folder: "_s +
+                                            drive_.path(u"Shop Multimedia/Install Shop"_s));
+                }));
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/Shop/_4_Sea.htm"_s), "sea");
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/multimedia.exe"_s), "tool");
+}
+
+TEST_F(MultimediaPackage, CancelledANewPackageIsGoneAndAnOlderOneStays) {
+    const auto cancelled_at = [&](int last) {
+        return create_multimedia(roots_, u"Shop"_s, roots_.drive_root(), [&](int done, int) { return done < last; });
+    };
+    int steps = 0;
+    for (MultimediaEnd end{{}, true}; end.cancelled; ++steps) {
+        end = cancelled_at(steps);
+        EXPECT_EQ(end.faults, QStringList());
+        EXPECT_EQ(QFileInfo::exists(drive_.path(u"Shop Multimedia"_s)), !end.cancelled) << steps;
+    }
+    EXPECT_GT(steps, 12);
+    EXPECT_EQ(package(), kWhole);
+    drive_.put(u"Shop Multimedia/notes.txt"_s, "mine");
+    EXPECT_TRUE(cancelled_at(3).cancelled);
+    EXPECT_EQ(drive_.bytes(u"Shop Multimedia/notes.txt"_s), "mine");
+}
+
+TEST_F(MultimediaPackage, TellsWhyADriveCannotTakeIt) {
+    SmallDisk disk;
+    if (!disk.mounted()) GTEST_SKIP() << "mounting needs root";
+    have(u"media/video/film.mp4"_s, QByteArray(2 << 20, 'f'));
+    const auto full = create_multimedia(roots_, u"Shop"_s, disk.file({}));
+    EXPECT_EQ(full.faults, QStringList({u"Errore nella copia dei files.\nThe disk is full."_s}));
+    ASSERT_TRUE(QDir(disk.file(u"Shop Multimedia"_s)).removeRecursively());
+    ASSERT_TRUE(disk.make_read_only());
+    const QString folder = disk.file(u"Shop Multimedia"_s);
+    EXPECT_EQ(create_multimedia(roots_, u"Shop"_s, disk.file({})).faults,
+              QStringList({u"Error in the creation of the folder: %1\nNo permission for %1."_s.arg(folder)}));
+    for (const MultimediaDrive& drive : multimedia_drives(roots_)) EXPECT_NE(drive.root, QDir(disk.file({})).path());
+}
+
+TEST_F(MultimediaPackage, FoldersAndTextsAreThoseOfTheDrive) {
+    const QString root = roots_.drive_root();
+    for (const QString& spelling : {root, root + u'/'}) {
+        const auto folders = multimedia_folders(spelling, u"Shop"_s);
+        EXPECT_EQ(folders.installer, root + u"/Shop Multimedia/Install Shop"_s);
+        EXPECT_EQ(folders.pages, root + u"/Shop Multimedia/Shop"_s);
+        EXPECT_EQ(multimedia_label(folders),
+                  u"The Multimedia is being created on Hard-Disk "_s + root + u"/Shop Multimedia"_s);
+        EXPECT_EQ(multimedia_success(folders),
+                  u"Creation successfully completed in '"_s + root + u"/Shop Multimedia'"_s);
+    }
+    EXPECT_EQ(multimedia_folders(u"/"_s, u"Shop"_s).package, u"/Shop Multimedia");
+    EXPECT_EQ(multimedia_drives(roots_).first().root, root);
+}
+
+}  // namespace pondera
