@@ -1,3 +1,3 @@
 #!/bin/sh
-# Desktops offer to start this when the disc goes in.
-exec "$(dirname "$0")/multimedia.exe"
+# Desktops offer to start this when the disc goes in; they name it with its folder.
+exec "${0%/*}/multimedia.exe"

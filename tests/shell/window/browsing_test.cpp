@@ -5,24 +5,9 @@
 #include "shell/site_tree.h"
 #include "shell/web_browser.h"
 #include "tests/shell/window/window_fixture.h"
+#include "tests/support/opened_addresses.h"
 
 namespace pondera {
-
-/// Takes the addresses that would go to the system's programs.
-class OpenedAddresses : public QObject {
-    Q_OBJECT
-
-  public:
-    OpenedAddresses() {
-        for (const QString& scheme : {u"https"_s, u"mailto"_s, u"file"_s})
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-
-    QList<QUrl> addresses;
-
-  public slots:
-    void open(const QUrl& url) { addresses.append(url); }
-};
 
 TEST(BrowsingRules, ThePageToEditComesFromTheFileShown) {
     for (const auto& [page, files] : {std::pair{u"index.htm"_s, u"index.htm çindex.htm"_s},
@@ -179,5 +164,3 @@ TEST_F(BrowseTest, ANewWindowOpensAndGoesWithBrowseMode) {
 }
 
 }  // namespace pondera
-
-#include "browsing_test.moc"

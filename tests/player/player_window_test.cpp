@@ -1,0 +1,135 @@
+#include "player/window/player_window.h"
+
+#include <QTest>
+#include <QWebEngineView>
+#include <QtWidgets>
+
+#include "publish/cdrom/multimedia_package.h"
+#include "site/website_creation.h"
+#include "tests/player/package_fixture.h"
+#include "tests/shell/window/window_fixture.h"
+#include "tests/support/opened_addresses.h"
+
+namespace pondera {
+
+/// Reads values from a page, as the tests of the editor's window do.
+struct PageReader : WindowFixture {
+    using WindowFixture::evaluate;
+};
+
+class PlayerWindows : public PackageFixture {
+  protected:
+    void show(const QString& home_page) {
+        window_ = std::make_unique<PlayerWindow>(home_page);
+        bool shown = false;
+        QObject::connect(window_.get(), &PlayerWindow::Shown, window_.get(), [&] { shown = true; });
+        window_->show();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return shown; }, 30'000));
+    }
+
+    [[nodiscard]] static QWebEngineView& view_of(const QWidget& window) {
+        return *window.findChild<QWebEngineView*>(u"player_view"_s, Qt::FindDirectChildrenOnly);
+    }
+    QVariant value(const QString& script) const { return PageReader::evaluate(*view_of(*window_).page(), script); }
+    [[nodiscard]] QString text(const QString& script) const { return value(script).toString(); }
+    [[nodiscard]] bool comes(const QString& script) const {
+        return QTest::qWaitFor([&] { return value(script).toBool(); });
+    }
+    [[nodiscard]] bool titled(const QString& title) const {
+        return QTest::qWaitFor([&] { return window_->windowTitle() == title; });
+    }
+    [[nodiscard]] QList<PlayerWindow*> popups() const { return window_->findChildren<PlayerWindow*>(); }
+    void click(const QString& link) const {
+        const QString box = u"document.getElementById('%1').getBoundingClientRect()"_s.arg(link);
+        const QPoint place(value(box + u".x"_s).toInt() + 3, value(box + u".y"_s).toInt() + 3);
+        QTest::mouseClick(view_of(*window_).focusProxy(), Qt::LeftButton, {}, place);
+    }
+    void choose(const QString& name) const {
+        auto* action = window_->findChild<QAction*>(name);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return action->isEnabled(); })) << name.toStdString();
+        action->trigger();
+    }
+
+    std::unique_ptr<PlayerWindow> window_;
+};
+
+TEST_F(PlayerWindows, ThePagesOfAPackageFindAllTheirPicturesAndLinks) {
+    ASSERT_TRUE(create_website_folder(roots_, u"Bakery"_s));
+    ASSERT_TRUE(fill_website(roots_, {u"Bakery"_s, u"Store_Interface"_s, 1}));
+    ASSERT_TRUE(create_multimedia(roots_, u"Bakery"_s, roots_.drive_root()).success());
+    // Wherever it was copied to.
+    const QString package = machine_.path(u"any disc"_s);
+    ASSERT_TRUE(QDir().rename(drive_.path(u"Bakery Multimedia"_s), package));
+    show(package + u"/Bakery/index.htm"_s);
+    EXPECT_TRUE(titled(u"Bakery - Home Page"_s));
+    EXPECT_GT(value(u"document.images.length"_s).toInt(), 3);
+    EXPECT_EQ(text(u"[...document.images].filter(i => !i.naturalWidth).map(i => i.src).join()"_s), u"");
+    const QStringList links = value(u"[...document.links].map(a => a.href)"_s).toStringList();
+    EXPECT_GT(links.size(), 2);
+    for (const QString& link : links) {
+        const QString file = QUrl(link).toLocalFile();
+        EXPECT_TRUE(file.startsWith(package) && QFileInfo::exists(file)) << link.toStdString();
+    }
+}
+
+TEST_F(PlayerWindows, LeafsThroughThePackageAndNothingElse) {
+    have(u"index.htm"_s,
+         "<HTML><HEAD><TITLE>The Shop</TITLE></HEAD><BODY><A id=trip href=\"_4_Trips.htm\">Trips</A>"
+         "<A id=web href=\"https://pondera.example/\">Web</A>"
+         "<A id=new target=_blank href=\"https://pondera.example/new\">Web</A></BODY></HTML>");
+    have(u"_4_Trips.htm"_s, "<HTML><HEAD><TITLE>Trips</TITLE></HEAD><BODY>Trips</BODY></HTML>");
+    have(u"_x_Map.htm"_s, "<HTML><HEAD><TITLE>Map</TITLE></HEAD><BODY>Map</BODY></HTML>");
+    make_package();
+    show(package(u"Shop/index.htm"_s));
+    ASSERT_TRUE(titled(u"The Shop"_s));
+    for (const QString& action : {u"back"_s, u"home"_s}) {
+        click(u"trip"_s);
+        ASSERT_TRUE(titled(u"Trips"_s)) << action.toStdString();
+        choose(action);
+        ASSERT_TRUE(titled(u"The Shop"_s)) << action.toStdString();
+    }
+
+    OpenedAddresses opened;
+    for (const QString& link : {u"web"_s, u"new"_s}) click(link);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return opened.addresses.size() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return popups().isEmpty(); }));
+    EXPECT_EQ(opened.addresses,
+              QList<QUrl>({QUrl(u"https://pondera.example/"_s), QUrl(u"https://pondera.example/new"_s)}));
+    EXPECT_EQ(window_->windowTitle(), u"The Shop");
+
+    value(u"window.open('_x_Map.htm', 'map', 'width=300,height=200'); 1"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return popups().size() == 1 && popups().first()->isVisible(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return popups().first()->windowTitle() == u"Map"; }));
+    QTest::keyClick(popups().first(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return popups().isEmpty(); }));
+}
+
+TEST_F(PlayerWindows, PagesReadNoFilesOfTheMachine) {
+    const QString secret = QUrl::fromLocalFile(machine_.put(u"secret.txt"_s, "secret")).toString();
+    have(u"media/img/own.txt"_s, "own");
+    make_package();
+    show(package(u"Shop/index.htm"_s));
+    const QString ask =
+        u"window.answers = {}; ['%1', 'media/img/own.txt'].forEach((address, i) => {"
+        "const r = new XMLHttpRequest(); r.onload = () => answers[i] = r.responseText;"
+        "r.onerror = () => answers[i] = 'refused'; r.open('GET', address); r.send(); }); 1"_s;
+    value(ask.arg(secret));
+    ASSERT_TRUE(comes(u"Object.keys(window.answers).length == 2"_s));
+    EXPECT_EQ(text(u"answers[0] + ' ' + answers[1]"_s), u"refused own");
+    value(u"location.href = '%1'; 1"_s.arg(secret));
+    EXPECT_EQ(text(u"document.body.innerText"_s), u"Home");
+}
+
+TEST_F(PlayerWindows, FullScreenHasNoToolbarAndIsLeftByTheSameKey) {
+    make_package();
+    show(package(u"Shop/index.htm"_s));
+    const auto& bar = *window_->findChild<QToolBar*>(u"player_toolbar"_s);
+    for (const auto& [key, full] : {std::pair(Qt::Key_F11, true), std::pair(Qt::Key_F11, false),
+                                    std::pair(Qt::Key_F11, true), std::pair(Qt::Key_Escape, false)}) {
+        QTest::keyClick(window_.get(), key);
+        EXPECT_EQ(window_->isFullScreen(), full);
+        EXPECT_EQ(bar.isVisible(), !full);
+    }
+}
+
+}  // namespace pondera

@@ -1,0 +1,81 @@
+#include <QtWidgets>
+
+#include "base/files.h"
+#include "base/text_file.h"
+#include "site/first_start.h"
+#include "tests/shell/window/window_fixture.h"
+
+namespace pondera {
+
+using Filler = ScriptedPrompts::Filler;
+
+class MultimediaCommand : public WindowFixture {
+  protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        for (const char* shipped : {PONDERA_SOURCE_DIR "/system", PONDERA_PLAYER_DIR})
+            ASSERT_TRUE(install_shipped_files(QString::fromUtf8(shipped), roots_)) << shipped;
+        open(u"Shop"_s);
+    }
+
+    [[nodiscard]] QString package(const QString& file = {}) const {
+        return QDir(roots_.drive_root()).filePath(u"Shop Multimedia/"_s + file);
+    }
+};
+
+TEST_F(MultimediaCommand, SavesThePageAndMakesAPackageWhoseProgramsCanBeStarted) {
+    write(u"Shop"_s, u"§_4_New.htm"_s, u"<P>Only here</P>"_s);
+    change_page(u"my words"_s);
+    prompts_
+        .expect_form(u"frm_player"_s,
+                     [&](const FormHand& form) {
+                         EXPECT_EQ(form.form().windowTitle(), u"Shop Multimedia for CD-ROM");
+                         EXPECT_EQ(form.widget<QLabel>(u"Label1"_s).text(),
+                                   u"The Multimedia is being created on Hard-Disk "_s + QDir::cleanPath(package()));
+                         form.photograph(u"multimedia"_s).click(u"OKButton"_s);
+                     })
+        .expect_message(u"Creation successfully completed in '%1'"_s.arg(QDir::cleanPath(package())));
+    run(u"mnu_player"_s);
+    for (const QString& page : {u"index.htm"_s, u"_4_New.htm"_s, u"_4_Trips.htm"_s})
+        EXPECT_TRUE(QFileInfo::exists(package(u"Shop/"_s + page))) << page.toStdString();
+    EXPECT_THAT(read_text_file(package(u"Shop/index.htm"_s))->text, Holds(u"my words"_s));
+    EXPECT_FALSE(editor().modified());
+    for (const QString& program :
+         {u"multimedia.exe"_s, u"Install Shop/Install Shop.exe"_s, u"Install Shop/Uninstall.exe"_s, u"autorun.sh"_s})
+        EXPECT_TRUE(QFileInfo(package(program)).isExecutable()) << program.toStdString();
+}
+
+TEST_F(MultimediaCommand, TellsAllThatFailedAndCanBeTriedAgain) {
+    const QString autorun = QDir(roots_.tools_folder()).filePath(u"AUTORUN.INF"_s);
+    const QByteArray bytes = read_file(autorun).value();
+    ASSERT_TRUE(remove_file(autorun));
+    prompts_
+        .expect_form(u"frm_player"_s,
+                     [&](const FormHand& form) {
+                         form.click(u"OKButton"_s);
+                         EXPECT_TRUE(write_file(autorun, bytes));
+                         EXPECT_EQ(form.widget<QProgressBar>(u"ProgressBar1"_s).value(), 0);
+                         form.click(u"OKButton"_s);
+                     })
+        .expect_message(u"Error occurred in the copy of file 'AUTORUN.INF': "_s + autorun + u" does not exist."_s)
+        .expect_message(u"Creation successfully completed"_s);
+    run(u"mnu_player"_s);
+}
+
+TEST_F(MultimediaCommand, CancelWhileCopyingTakesTheNewPackageAway) {
+    prompts_.expect_form(u"frm_player"_s, [&](const FormHand& form) {
+        auto& bar = form.widget<QProgressBar>(u"ProgressBar1"_s);
+        // Pressed by the person while the bar moves; the form answers because it stays alive.
+        QObject::connect(&bar, &QProgressBar::valueChanged, &bar, [&](int done) {
+            if (done != 5) return;
+            EXPECT_FALSE(form.form().findChild<QPushButton*>(u"OKButton"_s)->isEnabled());
+            form.photograph(u"multimedia at work"_s);
+            QTimer::singleShot(0, &bar, [&] { form.click(u"CancelButton"_s); });
+        });
+        form.click(u"OKButton"_s);
+    });
+    run(u"mnu_player"_s);
+    EXPECT_FALSE(QFileInfo::exists(package()));
+}
+
+}  // namespace pondera
