@@ -33,6 +33,10 @@ class CommandExecutor : public QObject {
     /// Ends the running task and the control's command; the session goes with it.
     void cancel();
 
+    /// Hands over the next command of the running task if the control is idle. It does so by itself whenever a command
+    /// ends; calling it at any other time does no harm.
+    void step();
+
     [[nodiscard]] bool busy() const { return task_ != nullptr; }
 
     /// Whether a task may start: the status reads "Connected.".
@@ -54,7 +58,6 @@ class CommandExecutor : public QObject {
     void Ended(const pondera::TaskEnd& end);
 
   private:
-    void step();
     void change(InternetState state);
     void answer();
     void end(const TaskEnd& end);

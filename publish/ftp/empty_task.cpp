@@ -125,7 +125,8 @@ void EmptyTask::keep(const QString& path, const QString& reply) {
 }
 
 void EmptyTask::forget(const QString& path, CommandStack& stack) {
-    if (record_ == nullptr || !record_->files().contains(path)) return;
+    if (record_ == nullptr) return;
+    if (!record_->files().contains(path) && !record_->unfinished().contains(path)) return;
     const FileResult<void> forgotten = record_->forget(path);
     if (forgotten) return;
     stopped_by_ = fault_sentence(forgotten.error());

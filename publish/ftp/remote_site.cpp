@@ -27,14 +27,14 @@ std::expected<QStringList, QString> way_to_site(const QString& typed, const QStr
     return place.startsWith(u'/') ? QStringList(u'/' + path) : QStringList{kWebsitesFolder, path};
 }
 
-QString likely_web_address(const QString& host, const QString& remote_folder) {
+QString likely_web_address(const QString& host, const QString& folder) {
     const auto server = parse_host(host);
     if (!server) return {};
     static const QStringList kWebRoots{u"htdocs"_s,  u"httpdocs"_s, u"public_html"_s, u"www"_s,
                                        u"wwwroot"_s, u"html"_s,     u"web"_s};
-    QStringList folders = remote_folder.split(u'/', Qt::SkipEmptyParts);
+    QStringList folders = folder.split(u'/', Qt::SkipEmptyParts);
     const auto root = std::ranges::find_if(
-        folders, [](const QString& folder) { return kWebRoots.contains(folder, Qt::CaseInsensitive); });
+        folders, [](const QString& name) { return kWebRoots.contains(name, Qt::CaseInsensitive); });
     if (root != folders.end()) folders.erase(folders.begin(), root + 1);
 
     QString name = QUrl::fromAce(server->name.toLatin1());

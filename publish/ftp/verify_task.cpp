@@ -39,6 +39,9 @@ void VerifyTask::answered(const CommandAnswer& answer, CommandStack& stack) {
     const QString name = pending_.constFirst();
     const bool there = answer.folder == media() + u'/' + name;
     if (answer.fine()) {
+        for (const QString& folder : {kMedia, kMedia + u'/' + name})
+            if (answer.folder == remote_folder_ + u'/' + folder && !found_.folders.contains(folder))
+                found_.folders << folder;
         if (!dir || !there) return;
         for (const RemoteEntry& entry : answer.listing.entries)
             if (!entry.folder) found_.sizes.insert(kMedia + u'/' + name + u'/' + entry.name, entry.size);

@@ -6,6 +6,13 @@ using namespace Qt::StringLiterals;
 
 const QList<Command>& publish_commands() {
     static const QList<Command> commands{
+        {.name = u"mnu_pubblica"_s,
+         .caption = u"&Publish on the Internet..."_s,
+         .menu = u"Publish"_s,
+         .help = {u"/_HELP/_6_File Send Web.htm"_s, u"Help - Publish on the Internet"_s},
+         .icon = u"publish"_s,
+         .keys = QKeySequence(u"Ctrl+Shift+P"_s),
+         .run = mnu_pubblica},
         {.name = u"mnu_pubblica_cartella"_s,
          .caption = u"Publish to a &Folder..."_s,
          .menu = u"Publish"_s,

@@ -10,7 +10,10 @@ namespace pondera {
 using namespace Qt::StringLiterals;
 
 bool bring_up_to_date(Workbench& workbench) {
-    if (!save_changes(workbench)) return false;
+    return save_changes(workbench) && publish_missing_pages(workbench);
+}
+
+bool publish_missing_pages(Workbench& workbench) {
     const auto published = publish_unpublished_pages(workbench.roots(), workbench.website());
     if (published) return true;
     workbench.prompts().tell(u"The Website was not published.\n\n"_s + fault_sentence(published.error()),

@@ -8,4 +8,7 @@ class Workbench;
 /// failed.
 [[nodiscard]] bool bring_up_to_date(Workbench& workbench);
 
+/// Writes the published pages that are missing; tells what failed.
+[[nodiscard]] bool publish_missing_pages(Workbench& workbench);
+
 }  // namespace pondera

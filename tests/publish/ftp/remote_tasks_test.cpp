@@ -75,6 +75,7 @@ TEST_P(TasksOnServers, VerifyingListsTheMediaFoldersWithFewCommands) {
     EXPECT_EQ(task->found().sizes,
               (QHash<QString, qint64>{{u"media/img/Sea.jpg"_s, 3}, {u"media/audio/song.mp3"_s, 4}}));
     EXPECT_EQ(task->found().listed_folders, QStringList({u"media/img"_s, u"media/audio"_s}));
+    EXPECT_EQ(task->found().folders, QStringList({u"media"_s, u"media/img"_s, u"media/audio"_s}));
 }
 
 TEST_P(TasksOnServers, AWayThatIsRefusedIsTriedOnceMoreAndNoListingIsTakenForAnother) {

@@ -1,0 +1,73 @@
+#include "publish/ftp/plain_words.h"
+
+#include <QHash>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+/// A fingerprint as people compare it: "AB:CD:…" in two lines.
+QString readable(const QByteArray& fingerprint) {
+    constexpr qsizetype kHalf = 32;
+    QStringList lines;
+    for (const QByteArray& half : {fingerprint.first(std::min(kHalf, fingerprint.size())), fingerprint.mid(kHalf)})
+        if (!half.isEmpty()) lines << QString::fromLatin1(QByteArray::fromHex(half).toHex(':')).toUpper();
+    return lines.join(u'\n');
+}
+
+QString advice(int code) {
+    static const QString kLogin =
+        u"Compare user name and password with the letter of your provider; small and capital letters make a difference."_s;
+    static const QString kAddress =
+        u"Compare the address with the letter of your provider, and see whether this computer is on the Internet."_s;
+    static const QString kOnceMore = u"Connect again. What has arrived is not sent a second time."_s;
+    static const QHash<int, QString> kAdvice = {
+        {kTimedOut, kOnceMore},
+        {kBadAddress, u"An address looks like ftp.example.org."_s},
+        {kUnknownScheme, u"An address looks like ftp.example.org."_s},
+        {kNameNotResolved, kAddress},
+        {kCannotConnect, kAddress},
+        {kUserRefused, kLogin},
+        {kPasswordRefused, kLogin},
+        {kLoginFailed, kLogin},
+        {kConnectionEnded, kOnceMore},
+        {kConnectionReset, kOnceMore},
+        {kFileChanged, u"Publish again."_s},
+        {kNoProtection,
+         u"With the protection \"when the server offers it\" the connection would be possible, but open."_s},
+    };
+    return kAdvice.value(code);
+}
+
+}  // namespace
+
+QString plain_words(const TaskEnd& end) {
+    const QString what_to_do = advice(end.code);
+    return what_to_do.isEmpty() ? end.text : end.text + u'\n' + what_to_do;
+}
+
+QString protection_words(const LineProtection& protection) {
+    if (!protection.encrypted) return u"NOT protected: password and files travel in the open"_s;
+    if (!protection.files_encrypted && protection.protocol != u"SSH")
+        return u"Password protected (TLS), files travel in the open"_s;
+    if (protection.protocol == u"SSH") return u"Protected (SSH), the server is the one that you trust"_s;
+    return protection.verified ? u"Protected (TLS), certificate verified"_s
+                               : u"Protected (TLS), with the certificate that you trust"_s;
+}
+
+QString trust_question(const QString& host, const LineProtection& protection, const QByteArray& before) {
+    const QString opening =
+        before.isEmpty()
+            ? u"The server \"%1\" cannot prove that it is the one it says it is."_s.arg(host)
+            : u"WARNING: the server \"%1\" shows another identity than the one that you trusted.\n\n"
+              "Somebody may be trying to read your password. Say No, unless your provider has told you of the change."_s
+                  .arg(host);
+    const QString holder = protection.holder.isEmpty() ? u"(no name)"_s : protection.holder;
+    return u"%1\n%2\n\nIt calls itself: %3\nIts fingerprint:\n%4\n\n"
+           "Do you want to trust this server from now on?"_s.arg(opening, protection.doubt, holder,
+                                                                 readable(protection.fingerprint));
+}
+
+}  // namespace pondera

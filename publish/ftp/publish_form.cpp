@@ -1,0 +1,304 @@
+#include "publish/ftp/publish_form.h"
+
+#include <QtWidgets>
+
+#include "publish/connection/ensure_connected.h"
+#include "publish/ftp/field_pieces.h"
+#include "publish/ftp/host_memory.h"
+#include "publish/ftp/plain_words.h"
+#include "publish/ftp/publish_options.h"
+#include "publish/ftp/remote_site.h"
+#include "publish/ftp/remote_view.h"
+#include "publish/ftp/transfer_view.h"
+#include "workbench/prompts.h"
+#include "workbench/workbench.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pondera {
+namespace {
+
+constexpr QSize kSize(940, 640);
+constexpr std::chrono::milliseconds kBetweenNudges{1000};
+constexpr std::chrono::milliseconds kBetweenLooks{250};
+
+}  // namespace
+
+PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_index)
+    : QDialog(workbench.window()),
+      workbench_(workbench),
+      highest_index_(highest_index),
+      connect_(new QPushButton(u"&Connect"_s)),
+      connection_(new ConnectionView),
+      options_(new PublishOptions),
+      remote_(new RemoteView),
+      transfer_(new TransferView),
+      link_(new QLabel) {
+    setObjectName(name);
+    setWindowTitle(u"Publish \"%1\" on the Internet"_s.arg(workbench.website()));
+    connect_->setObjectName(u"Collegati"_s);
+    link_->setObjectName(u"lblWebsite"_s);
+    link_->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    link_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    connect(link_, &QLabel::linkActivated, this, &PublishForm::open_website);
+    connect(connect_, &QPushButton::clicked, this, [this] { is_connected() ? close_line() : connetti(); });
+    connect(options_, &PublishOptions::PublishAsked, this, [this] { publish({}); });
+    connect(remote_, &RemoteView::RefreshAsked, this, &PublishForm::refresh);
+    connect(remote_, &RemoteView::FileAsked, this, &PublishForm::Apri_File_Dialogo);
+    connect(remote_, &RemoteView::EmptyingAsked, this, &PublishForm::empty_server);
+    connect(transfer_, &TransferView::Stopped, this, &PublishForm::stop);
+    Timer1_.setInterval(kBetweenNudges);
+    Timer2_.setInterval(kBetweenLooks);
+    connect(&Timer1_, &QTimer::timeout, this, [this] {
+        if (executor_) executor_->step();
+    });
+    connect(&Timer2_, &QTimer::timeout, this, &PublishForm::Aggiorna_Contatore);
+}
+
+PublishForm::~PublishForm() {
+    executor_.reset();
+    if (publication_) (void)publication_->close();
+}
+
+void PublishForm::build(QWidget* login_fields) {
+    auto* help = plain_button(u"cmdHelp"_s, u"&Help"_s);
+    auto* cancel = plain_button(u"cmdAnnulla"_s, u"Cancel"_s);
+    auto* close = plain_button(u"OKButton"_s, u"C&lose"_s);
+    connect(help, &QPushButton::clicked, this, [this] {
+        workbench_.show_help({u"/_HELP/_6_File Send Web.htm"_s, u"Help - Publish on the Internet"_s});
+    });
+    connect(cancel, &QPushButton::clicked, this, &PublishForm::reject);
+    connect(close, &QPushButton::clicked, this, [this] { leave(u"CLOSE"_s); });
+
+    auto* bottom = new QHBoxLayout;
+    bottom->setSpacing(8);
+    bottom->addWidget(link_, 1);
+    bottom->addWidget(help);
+    bottom->addWidget(cancel);
+    bottom->addWidget(close);
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 14, 16, 14);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(10);
+    grid->addWidget(login_fields, 0, 0);
+    grid->addWidget(connection_, 0, 1);
+    grid->addWidget(options_, 1, 0);
+    grid->addWidget(remote_, 1, 1);
+    grid->addWidget(transfer_, 2, 0, 1, 2);
+    grid->addLayout(bottom, 3, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(1, 1);
+    resize(kSize);
+    show_situation();
+}
+
+void PublishForm::hint(const QString& text, Tone tone) {
+    connection_->show_hint(text, tone);
+}
+
+void PublishForm::point_out_unfinished(const QString& host) {
+    const bool unfinished = host.isEmpty() ? PublicationRecord::was_interrupted(workbench_.website_folder())
+                                           : HostMemory(workbench_.settings(), host).incomplete(workbench_.website());
+    if (!unfinished) return;
+    options_->choose_partial();
+    hint(
+        u"The last publication did not come to its end. Connect, and publish \"Only what changed\": it goes on where it stopped."_s,
+        Tone::kBad);
+}
+
+/// What can be done next: the default button and the fields follow it.
+void PublishForm::show_situation() {
+    const bool connected = is_connected();
+    connect_->setText(connected ? u"Dis&connect"_s : u"&Connect"_s);
+    connect_->setEnabled(!working_);
+    set_login_enabled(!working_ && !connected);
+    options_->button().setDefault(connected && !working_);
+    connect_->setDefault(!connected && !working_);
+    transfer_->set_running(working_);
+    if (!working_ && !connected) connection_->show_no_connection();
+}
+
+bool PublishForm::may_start() {
+    if (!working_ && is_connected()) return true;
+    workbench_.prompts().tell(u"Connecting before or wait for the end of the operations"_s);
+    return false;
+}
+
+void PublishForm::start_work(const QString& stage) {
+    working_ = true;
+    stop_ = false;
+    stage_ = stage;
+    link_->clear();
+    hint({});
+    show_situation();
+    transfer_->show_stage(stage);
+    transfer_->show_steps(0, 0);
+    Timer1_.start();
+    Timer2_.start();
+}
+
+void PublishForm::finish_work(const QString& text, Tone tone) {
+    Timer1_.stop();
+    Timer2_.stop();
+    fetching_.reset();
+    sending_.reset();
+    emptying_.reset();
+    close_publication();
+    working_ = false;
+    show_situation();
+    hint(text, tone);
+    if (!closing_.isEmpty()) close_now();
+}
+
+void PublishForm::run(std::shared_ptr<RemoteTask> task, std::function<void()> then,
+                      std::function<void(const TaskEnd&)> failed) {
+    then_ = std::move(then);
+    failed_ = std::move(failed);
+    executor_->run(std::move(task));
+}
+
+void PublishForm::failed(const TaskEnd& end) {
+    if (end.how == TaskEnd::How::kCancelled)
+        return finish_work(
+            u"Stopped. What has arrived is not sent a second time: connect and publish again to go on."_s,
+            Tone::kPlain);
+    finish_work(plain_words(end), Tone::kBad);
+}
+
+void PublishForm::stop() {
+    stop_ = true;
+    if (executor_) executor_->cancel();
+}
+
+void PublishForm::reject() {
+    leave(u"CANCEL"_s);
+}
+
+void PublishForm::leave(const QString& result) {
+    if (working_ &&
+        !workbench_.prompts().really(u"The server is still being worked with. Do you want to stop that and close?"_s))
+        return;
+    closing_ = result;
+    if (!working_) return close_now();
+    stop();
+}
+
+void PublishForm::close_now() {
+    closed_by_ = closing_;
+    done(closed_by_ == u"CLOSE" ? Accepted : Rejected);
+}
+
+void PublishForm::show_executing(const QString& command, int pending) {
+    transfer_->show_command(shown_command(command, publication_ ? publication_->staging_folder() : QString()));
+    const QString waiting = waiting_text(pending);
+    transfer_->show_stage(waiting.isEmpty() ? stage_ : waiting);
+}
+
+// Connecting
+
+/// A session of its own for every connecting: it begins in the folder that the server gives.
+void PublishForm::open_line() {
+    executor_.reset();
+    Inet1_ = std::make_unique<CurlTransfer>();
+    Inet1_->setObjectName(u"Inet1"_s);
+    executor_ = std::make_unique<CommandExecutor>(*Inet1_, highest_index_);
+    connect(executor_.get(), &CommandExecutor::StatusChanged, this, &PublishForm::show_line);
+    connect(executor_.get(), &CommandExecutor::Executing, this, &PublishForm::show_executing);
+    connect(executor_.get(), &CommandExecutor::Answered, this, [this](const QString& command) {
+        if (command == u"DIR" && Inet1_->ResponseCode() == kFine) riempi_lista();
+    });
+    connect(executor_.get(), &CommandExecutor::Ended, this, [this](const TaskEnd& end) {
+        const auto then = std::exchange(then_, {});
+        const auto otherwise = std::exchange(failed_, {});
+        if (end.how == TaskEnd::How::kDone) return then();
+        otherwise ? otherwise(end) : failed(end);
+    });
+    Inet1_->set_host(session_.host);
+    Inet1_->set_user(session_.user);
+    Inet1_->set_password(session_.password);
+    Inet1_->set_protection(session_.protection);
+    Inet1_->trust_certificate(HostMemory(workbench_.settings(), session_.host).trusted());
+    Inet1_->set_local_root(workbench_.website_folder());
+}
+
+void PublishForm::close_line() {
+    executor_.reset();
+    Inet1_.reset();
+    connection_->show_status(u"Disconnected"_s);
+    remote_->show_names({}, {});
+    hint({});
+    show_situation();
+}
+
+void PublishForm::show_line() {
+    connection_->show_status(executor_->status());
+    if (!Inet1_->RemoteFolder().isEmpty()) connection_->show_protection(Inet1_->Protection());
+}
+
+/// Connects to the server and goes to the Website's folder.
+void PublishForm::connetti() {
+    if (working_) return;
+    const std::optional<ServerLogin> typed = login();
+    if (!typed || !ensure_connected(workbench_, typed->host)) return;
+    session_ = *typed;
+    open_line();
+    start_work(u"Connecting.."_s);
+    try_connecting();
+}
+
+void PublishForm::try_connecting() {
+    connecting_ = std::make_shared<ConnectTask>(session_.way);
+    run(
+        connecting_, [this] { connected(); }, [this](const TaskEnd& end) { connection_failed(end); });
+}
+
+void PublishForm::connection_failed(const TaskEnd& end) {
+    if (end.how == TaskEnd::How::kCancelled) return finish_work(u"Stopped."_s, Tone::kPlain);
+    if (end.code == kCertificateNotTrusted && trusts_server()) return try_connecting();
+    finish_work(plain_words(end), Tone::kBad);
+    point_out(end.code);
+}
+
+bool PublishForm::trusts_server() {
+    const LineProtection shown = Inet1_->Protection();
+    HostMemory memory(workbench_.settings(), session_.host);
+    const QByteArray before = memory.trusted();
+    const Message question{.text = trust_question(session_.host, shown, before),
+                           .icon = before.isEmpty() ? MessageIcon::kExclamation : MessageIcon::kCritical,
+                           .answers = {Answer::kNo, Answer::kYes},
+                           .title = {}};
+    if (workbench_.prompts().message(question) != Answer::kYes || stop_) return false;
+    memory.trust(shown.fingerprint);
+    Inet1_->trust_certificate(shown.fingerprint);
+    return true;
+}
+
+void PublishForm::connected() {
+    remote_folder_ = connecting_->remote_folder();
+    present_ = connecting_->present();
+    listing_.reset();
+    site_ = {};
+    if (connecting_->listed()) listing_ = site_ = connecting_->listing();
+    const QString known = HostMemory(workbench_.settings(), session_.host).address(remote_folder_);
+    options_->set_address(known.isEmpty() ? suggested_address() : known);
+    if (present_) return finish_work(u"The Website goes to the folder %1."_s.arg(remote_folder_), Tone::kPlain);
+    remote_->show_names({}, {});
+    finish_work(u"The folder %1 is not on the server yet. It will be made when you publish."_s.arg(remote_folder_),
+                Tone::kPlain);
+}
+
+QStringList PublishForm::verified_folders() const {
+    return {u"img"_s, u"audio"_s};
+}
+
+QString PublishForm::suggested_address() const {
+    return likely_web_address(session_.host, session_.way.join(u'/'));
+}
+
+/// Fills the list with the last listing.
+void PublishForm::riempi_lista() {
+    if (Inet1_) remote_->show_names(Inet1_->RemoteFolder(), listed_names(Inet1_->Listing()));
+}
+
+}  // namespace pondera

@@ -1,0 +1,168 @@
+#pragma once
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+#include "publish/commands/command_executor.h"
+#include "publish/ftp/connect_task.h"
+#include "publish/ftp/connection_view.h"
+#include "publish/ftp/empty_task.h"
+#include "publish/ftp/ftp_publication.h"
+#include "publish/sending/time_left.h"
+#include "publish/transfer/curl_transfer.h"
+
+class QLabel;
+class QPushButton;
+
+namespace pondera {
+
+class PublishOptions;
+class RemoteView;
+class TransferView;
+class Workbench;
+
+/// How a dialog logs in to a server.
+struct ServerLogin {
+    QString host;  ///< as typed
+    QString user;
+    QString password;
+    ProtectionWish protection = ProtectionWish::kWhenOffered;
+    QStringList way;  ///< to the Website's folder, as `way_to_site` gives it
+};
+
+/// The machinery of a dialog that publishes the open Website to a server: connecting, publishing, emptying, with what
+/// it shows of them. The dialog itself brings the fields of its login, and says what differs.
+class PublishForm : public QDialog {
+    Q_OBJECT
+
+  public:
+    ~PublishForm() override;
+
+    void connetti();
+    void ricevo_cartella();
+    void invio_cartella();
+    void riempi_lista();
+    void Aggiorna_Contatore();
+    void Apri_File_Dialogo();
+    [[nodiscard]] QStringList fCaricaPath(const QString& folder) const;
+    [[nodiscard]] QStringList fCaricaSoloCartella(const QString& folder) const;
+    bool cancella_file(const QString& path);
+    [[nodiscard]] int N_File_Cartella(const QString& folder) const;
+
+    /// How the dialog was closed: "CANCEL" or "CLOSE"; empty while it is open.
+    [[nodiscard]] const QString& closed_by() const { return closed_by_; }
+
+    void reject() override;
+
+  protected:
+    using Tone = ConnectionView::Tone;
+
+    /// `name` is the dialog's, `highest_index` that of its command stack.
+    PublishForm(Workbench& workbench, const QString& name, int highest_index);
+
+    /// Lays the dialog out around the fields of its login. `connect_button` belongs among these.
+    void build(QWidget* login_fields);
+    [[nodiscard]] QPushButton* connect_button() const { return connect_; }
+
+    /// The login as typed; nothing when something is missing, which the person was told then.
+    [[nodiscard]] virtual std::optional<ServerLogin> login() = 0;
+    /// The fields can be changed or not.
+    virtual void set_login_enabled(bool enabled) = 0;
+    /// Brings the person to the field that a failed connection is about.
+    virtual void point_out(int /*code*/) {}
+    /// The server accepts the login, and the Website's folder there is known. What a dialog still has to ask the
+    /// server it asks here, and goes on with this one.
+    virtual void connected();
+    /// The folders in "media" that are verified before a transfer.
+    [[nodiscard]] virtual QStringList verified_folders() const;
+    /// What an emptying leaves alone.
+    [[nodiscard]] virtual EmptyTask::Spared spared() const { return {}; }
+    /// The web address of the Website, for the person to correct.
+    [[nodiscard]] virtual QString suggested_address() const;
+
+    /// Runs a task as part of the work; its end calls `then`, a break or Stop calls `failed` or, without one, ends the
+    /// work with what there is to say.
+    void run(std::shared_ptr<RemoteTask> task, std::function<void()> then,
+             std::function<void(const TaskEnd&)> failed = {});
+    void start_work(const QString& stage);
+    void finish_work(const QString& hint, Tone tone);
+    /// Tells the fixed sentence and gives false unless a command of the person may start.
+    bool may_start();
+    void hint(const QString& text, Tone tone = Tone::kPlain);
+    /// Points out that the last publication to a host, or to any (empty), did not finish.
+    void point_out_unfinished(const QString& host);
+
+    [[nodiscard]] Workbench& workbench() const { return workbench_; }
+    [[nodiscard]] InternetTransfer& inet() const { return *Inet1_; }
+    [[nodiscard]] const ServerLogin& session() const { return session_; }
+    [[nodiscard]] const QString& remote_folder() const { return remote_folder_; }
+
+  private:
+    // connecting
+    void open_line();
+    void close_line();
+    void try_connecting();
+    void connection_failed(const TaskEnd& end);
+    [[nodiscard]] bool trusts_server();
+    [[nodiscard]] bool is_connected() const { return executor_ && executor_->ready(); }
+    void show_line();
+    // publishing
+    void publish(const QString& only);
+    void verify();
+    void list();
+    void sent();
+    void close_publication();
+    void refresh();
+    void show_site(const std::function<void()>& then);
+    void empty_server();
+    [[nodiscard]] QString summary() const;
+    [[nodiscard]] Steps steps();
+    // the dialog
+    void failed(const TaskEnd& end);
+    void stop();
+    void leave(const QString& result);
+    void close_now();
+    void show_situation();
+    void show_executing(const QString& command, int pending);
+    void open_website();
+
+    Workbench& workbench_;
+    int highest_index_;
+    QPushButton* connect_;
+    ConnectionView* connection_;
+    PublishOptions* options_;
+    RemoteView* remote_;
+    TransferView* transfer_;
+    QLabel* link_;
+
+    std::unique_ptr<CurlTransfer> Inet1_;
+    std::unique_ptr<CommandExecutor> executor_;
+    QTimer Timer1_;  ///< hands over a command that waits although nothing runs
+    QTimer Timer2_;  ///< shows how far the work is
+    ServerLogin session_;
+    QString remote_folder_;
+    bool present_ = false;                  ///< the remote folder is there
+    std::optional<RemoteListing> listing_;  ///< what it holds, as long as nothing was done since it was listed
+    RemoteListing site_;                    ///< what it held when it was listed last
+
+    bool working_ = false;
+    bool stop_ = false;
+    QString stage_;
+    QString closing_;  ///< the result with which the dialog closes when the work has ended
+    QString closed_by_;
+    std::function<void()> then_;
+    std::function<void(const TaskEnd&)> failed_;
+    std::shared_ptr<ConnectTask> connecting_;
+    std::unique_ptr<FtpPublication> publication_;
+    std::shared_ptr<FetchTask> fetching_;
+    std::shared_ptr<SendTask> sending_;
+    std::shared_ptr<EmptyTask> emptying_;
+    QElapsedTimer sending_for_;
+    TimeLeft time_left_;
+};
+
+}  // namespace pondera

@@ -1,0 +1,234 @@
+#include "publish/ftp/publish_form.h"
+
+#include <QTest>
+#include <QtWidgets>
+
+#include "publish/ftp/ftp_settings.h"
+#include "publish/sending/publication_record.h"
+#include "tests/publish/transfer/bad_server.h"
+#include "tests/publish/transfer/real_server.h"
+#include "tests/shell/window/window_fixture.h"
+
+namespace pondera {
+
+/// The Website "Shop" with a picture, and the dialog that publishes it.
+class PublishDialog : public WindowFixture {
+  protected:
+    using Work = std::function<void(const FormHand&)>;
+
+    void SetUp() override {
+        WindowFixture::SetUp();
+        picture_ = make_picture(u"Pondera_Folder/Pondera/Shop/media/img/Sea.gif"_s, {20, 20});
+        open(u"Shop"_s);
+    }
+
+    /// Opens the dialog, works it and closes it.
+    void in_dialog(const Work& work) {
+        run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s, [&](const FormHand& form) {
+            work(form);
+            form.click(u"OKButton"_s);
+        });
+    }
+
+    static QString text(const FormHand& form, const QString& label) { return form.widget<QLabel>(label).text(); }
+    static QString info(const FormHand& form) { return form.widget<QPlainTextEdit>(u"Info"_s).toPlainText(); }
+
+    /// Presses a button and waits until the work that it began has ended.
+    static void do_and_wait(const FormHand& form, const QString& button) {
+        form.click(button);
+        wait(form);
+    }
+    static void wait(const FormHand& form) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.widget<QAbstractButton>(u"Collegati"_s).isEnabled(); }, 30'000));
+    }
+
+    static void log_in(const FormHand& form, const QString& host, const QString& user = u"anonymous"_s,
+                       const QString& password = u"secret"_s) {
+        form.type(u"Nome_Host"_s, host).type(u"user_id"_s, user).type(u"password"_s, password);
+        do_and_wait(form, u"Collegati"_s);
+    }
+
+    /// What is published to a server at `folder`: every file with as many bytes as the Website has.
+    [[nodiscard]] QStringList on_server(const RealServer& server, const QString& folder) const {
+        QStringList files;
+        for (QDirIterator all(server.path(folder), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+             all.hasNext();)
+            files << QDir(server.path(folder)).relativeFilePath(all.next());
+        files.sort();
+        return files;
+    }
+
+    QString picture_;
+};
+
+const QString kWrongState = u"Connecting before or wait for the end of the operations"_s;
+
+TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
+    const RealServer server(RealServer::Kind::kVsftpd, false);
+    const QStringList all{u"_4_Trips.htm"_s, u"_x_Map.htm"_s, u"index.htm"_s, u"media/img/Sea.gif"_s};
+    in_dialog([&](const FormHand& form) {
+        form.photograph(u"publish_new"_s);
+        for (const QString& button : {u"cmdSel"_s, u"cmdDesel"_s, u"cmdUpdate"_s, u"cmdFile"_s}) {
+            prompts_.expect_message(kWrongState);
+            form.click(button);
+        }
+        prompts_.expect_message(u"Insert the name of the remote host you want to connect to."_s);
+        form.click(u"Collegati"_s);
+        prompts_.expect_message(u"Insert all required data"_s);
+        form.click(u"chkSalvaDati"_s);
+        log_in(form, server.host());
+        EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
+        EXPECT_TRUE(text(form, u"lblHint"_s).contains(u"Vantiles/Shop is not on the server yet"_s));
+        EXPECT_EQ(text(form, u"lblProtection"_s), u"NOT protected: password and files travel in the open");
+        form.photograph(u"publish_connected"_s);
+
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n4 files sent.");
+        EXPECT_EQ(on_server(server, u"Vantiles/Shop"_s), all);
+        EXPECT_EQ(form.entries(u"Remoto"_s), QStringList({u"_4_Trips.htm"_s, u"_x_Map.htm"_s, u"index.htm"_s}));
+        EXPECT_TRUE(text(form, u"lblWebsite"_s).startsWith(u"Click here to go to the Website: "_s));
+        form.photograph(u"publish_finished"_s);
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Everything is up to date.");
+    });
+    EXPECT_TRUE(QDir(roots_.ftp_folder()).isEmpty());
+    EXPECT_EQ(ftp_hosts(roots_), QStringList(server.host()));
+
+    // The next time: another page, one picture less here, and one more there.
+    write(u"Shop"_s, u"_4_Trips.htm"_s, u"<P>New trips</P>"_s);
+    QFile::remove(picture_);
+    ASSERT_TRUE(write_file(server.path(u"Vantiles/Shop/media/img/Their.JPG"_s), "theirs"));
+    in_dialog([&](const FormHand& form) {
+        EXPECT_EQ(form.widget<QLineEdit>(u"password"_s).text(), u"secret");
+        do_and_wait(form, u"Collegati"_s);
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s),
+                  u"Published.\n1 file fetched from the server, 1 file sent, 1 file removed.");
+        EXPECT_FALSE(QFileInfo::exists(picture_));
+        EXPECT_EQ(read(u"Shop"_s, u"media/img/Their.JPG"_s), u"theirs");
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Everything is up to date.");
+
+        prompts_.expect_file(shop(u"çindex.htm"_s));
+        do_and_wait(form, u"cmdFile"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n1 file sent.");
+        prompts_.expect_file(home_.filePath(u"settings.ini"_s)).expect_message(u"Select a file of the Website"_s);
+        form.click(u"cmdFile"_s);
+
+        const QString question = u"Do you want to delete all files contained in the remote server?"_s;
+        prompts_.expect_message(question, Answer::kNo);
+        form.click(u"cmdDesel"_s);
+        prompts_.expect_message(question, Answer::kYes);
+        do_and_wait(form, u"cmdDesel"_s);
+        EXPECT_EQ(on_server(server, u"Vantiles/Shop"_s), QStringList());
+        EXPECT_EQ(form.entries(u"Remoto"_s), QStringList());
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n4 files sent.");
+
+        do_and_wait(form, u"Collegati"_s);
+        EXPECT_EQ(info(form), u"Disconnected");
+        prompts_.expect_message(u"Are you sure you want to definitely delete the FTP data?"_s, Answer::kYes);
+        form.click(u"chkDeleteData"_s);
+        EXPECT_EQ(form.widget<QLineEdit>(u"password"_s).text(), QString());
+    });
+    EXPECT_EQ(ftp_hosts(roots_), QStringList());
+}
+
+TEST_F(PublishDialog, WrongLoginsAreToldInPlainWords) {
+    const RealServer server(RealServer::Kind::kPyftpdlib, false);
+    in_dialog([&](const FormHand& form) {
+        log_in(form, server.host(), u"known"_s, u"wr0ng"_s);
+        EXPECT_EQ(info(form), u"The server signalled an error!");
+        EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"The server does not accept the password."_s));
+        EXPECT_FALSE(text(form, u"lblHint"_s).contains(u"wr0ng"_s));
+        EXPECT_EQ(form.form().focusWidget()->objectName(), u"password");
+        form.photograph(u"publish_error"_s);
+        log_in(form, u"127.0.0.1:1"_s);
+        EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"The server cannot be reached."_s));
+        log_in(form, u"http://x"_s);
+        EXPECT_TRUE(text(form, u"lblHint"_s).contains(u"ftp.example.org"_s));
+        form.type(u"Nome_Host"_s, server.host()).type(u"txtSito"_s, u"../x"_s);
+        prompts_.expect_message(u"There can be no folder"_s);
+        form.click(u"Collegati"_s);
+    });
+}
+
+TEST_F(PublishDialog, AServerThatCannotProveItselfIsTrustedOnceAndAnotherOneIsWarnedOf) {
+    const RealServer server(RealServer::Kind::kVsftpd, true);
+    const QString question = u"cannot prove that it is the one it says it is"_s;
+    in_dialog([&](const FormHand& form) {
+        prompts_.expect_message(question, Answer::kNo);
+        log_in(form, server.host());
+        EXPECT_EQ(prompts_.messages().constLast().answers.constFirst(), Answer::kNo);
+        EXPECT_TRUE(prompts_.messages().constLast().text.contains(u"test server"_s));
+        EXPECT_EQ(text(form, u"lblProtection"_s), u"Not connected");
+        prompts_.expect_message(question, Answer::kYes);
+        do_and_wait(form, u"Collegati"_s);
+        EXPECT_TRUE(text(form, u"lblProtection"_s).startsWith(u"Protected (TLS)"_s));
+        do_and_wait(form, u"Collegati"_s);
+        do_and_wait(form, u"Collegati"_s);
+        EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
+    });
+    for (const QString& key : settings_.allKeys())
+        if (key.endsWith(u"Certificate"_s)) settings_.setValue(key, u"00"_s);
+    in_dialog([&](const FormHand& form) {
+        prompts_.expect_message(u"shows another identity"_s, Answer::kNo);
+        log_in(form, server.host());
+        EXPECT_NE(info(form).section(u'\n', 0, 0), u"Connected.");
+    });
+}
+
+TEST_F(PublishDialog, WhatWasStoppedOrRefusedGoesOnTheNextTime) {
+    BadServer server;
+    bool hangs = true;
+    server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
+        if (line.startsWith("LIST")) return "451 no lists today";
+        if (line.startsWith("STOR") && hangs && server.count("STOR") > 2) return "";
+        if (line.startsWith("RNTO") && !hangs && line.endsWith("index.htm")) return "553 not this one";
+        if (line.startsWith("STOR") && !hangs && line.endsWith("index.htm")) return "553 not this one";
+        return std::nullopt;
+    };
+    in_dialog([&](const FormHand& form) {
+        log_in(form, server.host());
+        form.click(u"cmdSel"_s);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return server.count("STOR") > 2; }));
+        prompts_.expect_message(kWrongState);
+        form.click(u"cmdDesel"_s);
+        QTest::qWait(300);
+        form.photograph(u"publish_sending"_s);
+        prompts_.expect_message(u"Do you want to stop that and close?"_s, Answer::kNo);
+        form.click(u"cmdAnnulla"_s).click(u"cmdStop"_s);
+        wait(form);
+        EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"Stopped."_s));
+        EXPECT_EQ(info(form), u"Disconnected");
+        EXPECT_TRUE(QDir(roots_.ftp_folder()).isEmpty());
+
+        hangs = false;
+        server.commands.clear();
+        do_and_wait(form, u"Collegati"_s);
+        prompts_.expect_form(u"Frm_Rifiutati"_s, [](const FormHand& list) {
+            EXPECT_EQ(list.entries(u"list"_s), QStringList(u"index.htm"_s));
+            list.photograph(u"publish_refused"_s).click(u"CancelButton"_s);
+        });
+        form.click(u"cmdSel"_s);
+        wait(form);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n1 file sent, 1 file refused by the server.");
+    });
+    EXPECT_FALSE(PublicationRecord::was_interrupted(shop()));
+
+    // Closing in the middle ends it all.
+    hangs = true;
+    run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s, [&](const FormHand& form) {
+        form.type(u"Nome_Host"_s, server.host());
+        server.commands = {"STOR", "STOR"};
+        log_in(form, server.host());
+        form.click(u"cmdSel"_s);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return server.count("STOR") > 2; }));
+        prompts_.expect_message(u"Do you want to stop that and close?"_s, Answer::kYes);
+        form.press(Qt::Key_Escape);
+        EXPECT_EQ(dynamic_cast<PublishForm&>(form.form()).closed_by(), u"CANCEL");
+    });
+    EXPECT_FALSE(PublicationRecord::was_interrupted(shop()));
+}
+
+}  // namespace pondera
