@@ -1,8 +1,8 @@
 #include "publish/sending/folder_publication.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QSet>
 
 #include <array>
 #include <chrono>
@@ -11,6 +11,7 @@
 #include "base/files.h"
 #include "base/roots.h"
 #include "base/text_file.h"
+#include "publish/sending/checksum.h"
 #include "publish/transfer/remote_name.h"
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,8 @@ namespace {
 /// Memory sticks keep times in steps of two seconds.
 constexpr std::chrono::seconds kTimeStep{2};
 
+constexpr qint64 kChunk = 1 << 20;
+
 constexpr std::array<QStringView, 5> kFolders{u"", u"media", u"media/img", u"media/video", u"media/audio"};
 
 FileResult<void> renamed(const QString& from, const QString& to) {
@@ -30,10 +33,12 @@ FileResult<void> renamed(const QString& from, const QString& to) {
     return {};
 }
 
-QByteArray checksum_of(const QString& path) {
+bool holds(const QString& path, const QByteArray& checksum) {
     QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    Checksum found;
+    while (!file.atEnd() && file.error() == QFileDevice::NoError) found.add(file.read(kChunk));
+    return found.result() == checksum;
 }
 
 /// One publication to a folder.
@@ -54,7 +59,7 @@ class Publication {
             PublicationRecord::open(roots_.website(website_), Destination::in_folder(target_.path()));
         if (!record) return std::unexpected(record.error());
         const PublicationPlan plan = plan_publication(*survey, mode, *record, present(*record), remove_deleted);
-        const FileResult<void> published = publish(plan, *record);
+        const FileResult<void> published = publish(*survey, plan, *record);
         // Whatever became of it, what lies there counts.
         const FileResult<void> closed = record->close();
         if (!published) return std::unexpected(published.error());
@@ -84,13 +89,14 @@ class Publication {
         if (known.path.isEmpty()) return true;
         if (file.size() != known.size) return false;
         const std::chrono::milliseconds apart(known.modified.msecsTo(file.lastModified()));
-        return std::chrono::abs(apart) <= kTimeStep || checksum_of(file.filePath()) == known.checksum;
+        return std::chrono::abs(apart) <= kTimeStep || holds(file.filePath(), known.checksum);
     }
 
-    FileResult<void> publish(const PublicationPlan& plan, PublicationRecord& record) {
+    FileResult<void> publish(const WebsiteSurvey& survey, const PublicationPlan& plan, PublicationRecord& record) {
         for (const QStringView folder : kFolders)
             if (const QString path = target_.filePath(folder.toString()); !QFileInfo(path).isDir())
                 if (auto made = create_folder(path); !made) return made;
+        if (auto distinct = check_names(survey); !distinct) return distinct;
         for (const QString& path : QStringList(record.unfinished().values())) QFile::remove(temporary_of(path));
         total_ = static_cast<int>(plan.send.size() + plan.remove.size());
         for (const PublishedFile& file : plan.send) {
@@ -103,6 +109,21 @@ class Publication {
             if (auto noted = record.forget(path); !noted) return noted;
             ++result_.removed;
             ++done_;
+        }
+        return {};
+    }
+
+    /// On a medium that takes capital letters for small ones, one of two files would replace the other.
+    [[nodiscard]] FileResult<void> check_names(const WebsiteSurvey& survey) const {
+        if (!QFileInfo::exists(target_.filePath(u"MEDIA"_s))) return {};
+        QSet<QString> names;
+        for (const PublishedFile& file : survey.files) {
+            if (names.contains(file.path.toLower()))
+                return std::unexpected(FileError{
+                    .number = FaultNumber::kUnexpected,
+                    .path = QDir::toNativeSeparators(file.path),
+                    .reason = u"another file has this name in other letters, and this drive cannot hold both"_s});
+            names.insert(file.path.toLower());
         }
         return {};
     }

@@ -3,7 +3,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 
 #include "elements/page_repairs.h"
 #include "site/page_references.h"
@@ -42,13 +41,6 @@ QString with_relative_paths(const QString& text, const Roots& roots) {
     return result.append(QStringView(marked).sliced(copied));
 }
 
-bool may_hold_marks(const QString& text) {
-    static constexpr std::array<QStringView, 12> kMarks{u"§",      u"&sect;", u"&#167;", u"&#xA7;",
-                                                        u"%C2%A7", u"%A7",    u"çindex", u"&ccedil;",
-                                                        u"&#231;", u"&#xE7;", u"%C3%A7", u"%E7"};
-    return std::ranges::any_of(kMarks, [&](QStringView mark) { return text.contains(mark, Qt::CaseInsensitive); });
-}
-
 /// The links without the editing marks of the files that they name: visitors have no editing copies.
 QString without_marks_in_links(const QString& text, const QString& website) {
     static const QRegularExpression kMark(
@@ -70,11 +62,12 @@ QString without_marks_in_links(const QString& text, const QString& website) {
 }  // namespace
 
 QString prepared_page(const QString& text, const Roots& roots, const QString& website) {
-    // Few pages hold any of it: what cannot is not searched at length.
-    QString page = text;
-    if (page.contains(u"pondera", Qt::CaseInsensitive)) page = with_relative_paths(page, roots);
-    if (page.contains(u"../")) page = with_own_links_relative(page, website);
-    return may_hold_marks(page) ? without_marks_in_links(page, website) : page;
+    // Few pages hold any of it: those that cannot are looked at once.
+    static const QRegularExpression kMayPoint(
+        u"pondera|\\.\\./|§|çindex|%(?:C2%)?A7|%(?:C3%A7|E7)index|&(?:sect|ccedil|#167|#231|#xA7|#xE7);"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    if (!text.contains(kMayPoint)) return text;
+    return without_marks_in_links(with_own_links_relative(with_relative_paths(text, roots), website), website);
 }
 
 }  // namespace pondera

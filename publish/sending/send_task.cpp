@@ -89,6 +89,7 @@ struct SendTask::State {
     QString folder;  ///< of the files of the last turn
     bool folder_takes_files = false;
     int refusals = 0;  ///< in that folder, before it took any file
+    int failures = 0;  ///< in a row, for no reason that lies in the file
     SendProgress progress;
     qint64 running = 0;
     QList<RefusedFile> refused;
@@ -277,11 +278,15 @@ void SendTask::State::opened(const Step& step, const CommandAnswer& answer, Comm
 void SendTask::State::sent(const Step& step, const CommandAnswer& answer, CommandStack& stack) {
     if (answer.fine()) {
         folder_takes_files = true;
+        failures = 0;
         ++progress.files_done;
         progress.bytes_done += file(step).size;
         noted(job.record->confirm(file(step)), stack);
     } else if (says_full(answer.text)) {
         stop(stack, u"The server has no room left: "_s + answer.text);
+    } else if (answer.text.startsWith(u'4') && ++failures == kHopelessRefusals) {
+        // "Failure writing to local file" and the like: most servers on a full disk do not say so.
+        stop(stack, u"The server takes no more files: "_s + answer.text);
     } else {
         refuse(step.file, answer.text);
         if (!folder_takes_files && ++refusals == kHopelessRefusals) drop_turn(stack, answer.text);

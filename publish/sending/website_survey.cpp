@@ -1,14 +1,11 @@
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
-#include <QSet>
-
-#include <algorithm>
-#include <ranges>
+#include <QRegularExpression>
 
 #include "base/files.h"
 #include "base/roots.h"
 #include "base/text_file.h"
+#include "publish/sending/checksum.h"
 #include "publish/sending/prepared_page.h"
 #include "publish/sending/publication.h"
 #include "site/page_name.h"
@@ -24,10 +21,6 @@ constexpr qint64 kChunk = 1 << 20;
 
 bool is_page(const QString& path) {
     return is_page_file(path.section(u'/', -1));
-}
-
-QByteArray checksum_of(QByteArrayView bytes) {
-    return QCryptographicHash::hash(bytes.toByteArray(), QCryptographicHash::Sha256).toHex();
 }
 
 /// Hands the bytes of a file to `take` in parts; false when it asked to stop.
@@ -54,7 +47,8 @@ FileResult<PreparedPage> read_page(const Roots& roots, const QString& website, c
     const TextFile page = decode_text(*bytes);
     const QString text = prepared_page(page.text, roots, website);
     PreparedPage result{.bytes = text == page.text ? *bytes : encode_text(text, page.encoding), .shown = {}};
-    if (!text.contains(u"frame", Qt::CaseInsensitive)) return result;
+    static const QRegularExpression kFrame(u"<i?frame"_s, QRegularExpression::CaseInsensitiveOption);
+    if (!text.contains(kFrame)) return result;
     for (const PageReference& reference : page_references(text))
         if (reference.kind == ReferenceKind::kFrame) result.shown << resolve_address(reference.address, website).file;
     return result;
@@ -90,17 +84,17 @@ class Survey {
             const FileResult<PreparedPage> page = read_page(roots_, website_, path);
             if (!page) return std::unexpected(page.error());
             file.size = page->bytes.size();
-            file.checksum = checksum_of(page->bytes);
+            file.checksum = Checksum::of(page->bytes);
             shown_[path] = page->shown;
         } else {
-            QCryptographicHash hash(QCryptographicHash::Sha256);
+            Checksum checksum;
             const auto add = [&](const QByteArray& part) -> FileResult<bool> {
-                hash.addData(part);
+                checksum.add(part);
                 file.size += part.size();
                 return go_on(steps_, done_, total_);
             };
             if (const FileResult<bool> read = read_in_parts(folder_.filePath(path), add); !read || !*read) return read;
-            file.checksum = hash.result().toHex();
+            file.checksum = checksum.result();
         }
         files_.insert(path, file);
         return true;
@@ -147,14 +141,14 @@ FileError changed(const QString& path) {
 
 FileResult<bool> copy_bytes(const QString& source, const PublishedFile& file, QFile& to,
                             const std::function<bool()>& go_on) {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Checksum checksum;
     const auto copy = [&](const QByteArray& part) -> FileResult<bool> {
-        hash.addData(part);
+        checksum.add(part);
         if (const FileResult<void> written = write_whole(to, part); !written) return std::unexpected(written.error());
         return !go_on || go_on();
     };
     if (const FileResult<bool> copied = read_in_parts(source, copy); !copied || !*copied) return copied;
-    if (hash.result().toHex() != file.checksum) return std::unexpected(changed(source));
+    if (checksum.result() != file.checksum) return std::unexpected(changed(source));
     return true;
 }
 
@@ -182,7 +176,7 @@ FileResult<bool> copy_prepared(const Roots& roots, const QString& website, const
         copied = copy_bytes(source, file, to, go_on);
     } else if (const FileResult<PreparedPage> page = read_page(roots, website, file.path); !page) {
         copied = std::unexpected(page.error());
-    } else if (checksum_of(page->bytes) != file.checksum) {
+    } else if (Checksum::of(page->bytes) != file.checksum) {
         copied = std::unexpected(changed(source));
     } else if (const FileResult<void> written = write_whole(to, page->bytes); !written) {
         copied = std::unexpected(written.error());

@@ -1,0 +1,143 @@
+#include "publish/sending/publication_record.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/support/small_disk.h"
+#include "tests/support/tables.h"
+#include "tests/support/test_folder.h"
+
+namespace pondera {
+namespace {
+
+const QString kRecord = u"§_elenco.pnd"_s;
+const QString kJournal = u"§_elencotemp.pnd"_s;
+const Destination kHere = Destination::on_server(u"ftp.shop.example"_s, u"me"_s, u"/Vantiles/Shop"_s);
+const Destination kThere = Destination::in_folder(u"/media/stick"_s);
+
+PublishedFile file(const QString& path, qint64 size = 5) {
+    return {.path = path,
+            .size = size,
+            .modified = QDateTime::fromMSecsSinceEpoch(1'700'000'000'123, Qt::UTC),
+            .checksum = QByteArray(64, 'a')};
+}
+
+/// What the record of a folder holds for a destination: "a.htm 5, b.htm 7; begun c.htm".
+QString held(const TestFolder& site, const Destination& destination) {
+    const auto record = PublicationRecord::open(site.path(), destination);
+    if (!record) return fault_sentence(record.error());
+    QStringList files;
+    for (const PublishedFile& known : record->files()) {
+        EXPECT_EQ(known, file(known.path, known.size));
+        files << u"%1 %2"_s.arg(known.path).arg(known.size);
+    }
+    files.sort();
+    QStringList begun = record->unfinished().values();
+    begun.sort();
+    return files.join(u", "_s) + (begun.isEmpty() ? u""_s : u"; begun "_s + begun.join(u", "_s));
+}
+
+}  // namespace
+
+TEST(Destination, IsTheSameForTheSamePlaceOnly) {
+    const auto key = [](const QString& place) {
+        const QStringList words = place.split(u'|');
+        return Destination::on_server(words[0], words[1], words[2]).key();
+    };
+    expect_results(
+        key, {u"Ftp.Shop.example|me|/a/b | ftp://ftp.shop.example:21/|me|a/b/ → ftp://ftp.shop.example:21/a/b as me"});
+    EXPECT_EQ(key(u"FTP.shop.example|me|/x"_s), key(u"ftp.shop.example:21|me|/x/"_s));
+    QSet<QString> keys;
+    const QStringList places = {u"h|me|/x"_s,        u"h|Me|/x"_s,       u"h|me|/X"_s,       u"h:2121|me|/x"_s,
+                                u"sftp://h|me|/x"_s, u"h|me\nto x|/x"_s, u"no host|me|/x"_s, u"[::1]|me|/x"_s};
+    for (const QString& place : places) keys.insert(key(place));
+    EXPECT_EQ(keys.size(), places.size());
+    for (const QString& one : keys) EXPECT_FALSE(one.contains(u'\n'));
+}
+
+TEST(PublicationRecord, KeepsWhatEachDestinationConfirmed) {
+    const TestFolder site;
+    const QStringList names = {u"a.htm"_s, u"media/img/ a  %41 \"è€\".jpg "_s, u"-"_s};
+    {
+        auto here = PublicationRecord::open(site.path(), kHere);
+        for (const QString& name : names) EXPECT_TRUE(here->begin(name) && here->confirm(file(name)));
+        EXPECT_TRUE(here->begin(u"b.htm"_s));
+        EXPECT_TRUE(here->forget(names[0]));
+        EXPECT_TRUE(PublicationRecord::was_interrupted(site.path()));
+        EXPECT_TRUE(here->close());
+        EXPECT_FALSE(PublicationRecord::was_interrupted(site.path()));
+        EXPECT_TRUE(here->confirm(file(u"a.htm"_s, 7)));  // a publication may go on after it
+        EXPECT_TRUE(here->close());
+        auto there = PublicationRecord::open(site.path(), kThere);
+        EXPECT_TRUE(there->files().isEmpty());
+        EXPECT_TRUE(there->confirm(file(u"t.htm"_s)) && there->close());
+    }
+    EXPECT_EQ(held(site, kHere), u"- 5, a.htm 7, media/img/ a  %41 \"è€\".jpg  5; begun b.htm"_s);
+    EXPECT_EQ(held(site, kThere), u"t.htm 5"_s);
+}
+
+/// A program that ends after any byte of its journal: the whole lines count, of another destination's publication too.
+TEST(PublicationRecord, TakesInTheJournalOfAnInterruptedPublication) {
+    const TestFolder site;
+    {
+        auto record = PublicationRecord::open(site.path(), kHere);
+        EXPECT_TRUE(record->confirm(file(u"a.htm"_s)) && record->close());
+        EXPECT_TRUE(record->begin(u"a.htm"_s) && record->confirm(file(u"a.htm"_s, 7)) && record->forget(u"a.htm"_s));
+    }
+    const QByteArray before = site.bytes(kRecord);
+    const QByteArray journal = site.bytes(kJournal);
+    QStringList seen;
+    for (qsizetype end = 0; end <= journal.size(); ++end) {
+        site.put(kRecord, before);
+        site.put(kJournal, journal.first(end));
+        EXPECT_EQ(held(site, kThere), u""_s);
+        EXPECT_FALSE(PublicationRecord::was_interrupted(site.path()));
+        if (const QString now = held(site, kHere); !seen.endsWith(now)) seen << now;
+    }
+    EXPECT_EQ(seen, QStringList({u"a.htm 5"_s, u"a.htm 5; begun a.htm"_s, u"a.htm 7"_s, u""_s}));
+}
+
+TEST(PublicationRecord, TrustsNoDamagedLine) {
+    const TestFolder site;
+    {
+        auto record = PublicationRecord::open(site.path(), kHere);
+        for (const QString& name : {u"a.htm"_s, u"../b.htm"_s, u"/c.htm"_s, u"x/../d.htm"_s})
+            EXPECT_TRUE(record->confirm(file(name)));
+        EXPECT_TRUE(record->close());
+        EXPECT_TRUE(PublicationRecord::open(site.path(), kThere)->confirm(file(u"t.htm"_s)));
+    }
+    EXPECT_EQ(held(site, kHere), u"a.htm 5"_s);
+    const QByteArray whole = site.bytes(kRecord);
+    for (qsizetype at = 0; at < whole.size(); ++at) {
+        QByteArray damaged = whole;
+        damaged[at] = static_cast<char>(damaged[at] ^ 1);
+        site.put(kRecord, damaged);
+        EXPECT_THAT((QStringList{held(site, kHere), held(site, kThere)}.join(u'|').toStdString()),
+                    testing::AnyOf("a.htm 5|t.htm 5", "|t.htm 5", "a.htm 5|", "|"))
+            << at;
+    }
+}
+
+TEST(PublicationRecord, FaultsAreTold) {
+    const TestFolder site;
+    QDir(site.path()).mkdir(kRecord);
+    EXPECT_EQ(PublicationRecord::open(site.path(), kHere).error().number, FaultNumber::kPermissionDenied);
+    const SmallDisk disk;
+    if (!disk.mounted()) GTEST_SKIP() << "Mounting needs root.";
+    auto record = PublicationRecord::open(disk.file({}), kHere);
+    ASSERT_TRUE(record && record->confirm(file(u"a.htm"_s)));
+    QFile filler(disk.file(u"filler"_s));
+    ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    while (filler.write(QByteArray(4096, 'f')) == 4096) {
+    }
+    FileResult<void> noted;
+    for (int i = 0; noted && i < 1'000; ++i) noted = record->confirm(file(u"%1.htm"_s.arg(i)));
+    EXPECT_EQ(noted.error().number, FaultNumber::kDiskFull);
+    EXPECT_EQ(record->close().error().number, FaultNumber::kDiskFull);
+    EXPECT_TRUE(filler.remove());
+    // What was confirmed before is there when there is room again.
+    auto again = PublicationRecord::open(disk.file({}), kHere);
+    ASSERT_TRUE(again);
+    EXPECT_TRUE(again->files().contains(u"a.htm"_s));
+}
+
+}  // namespace pondera

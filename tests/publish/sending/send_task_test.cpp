@@ -1,0 +1,176 @@
+#include "publish/sending/send_task.h"
+
+#include <gmock/gmock.h>
+
+#include "publish/transfer/remote_name.h"
+#include "tests/publish/sending/cutting_proxy.h"
+#include "tests/publish/sending/publisher.h"
+#include "tests/publish/transfer/bad_server.h"
+#include "tests/publish/transfer/real_server.h"
+
+namespace pondera {
+namespace {
+
+using Kind = RealServer::Kind;
+using How = TaskEnd::How;
+
+QByteArray picture(qsizetype size) {
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (qsizetype i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 31 + i / 251);
+    return bytes;
+}
+
+void make_website(Publisher& shop) {
+    shop.put(u"index.htm"_s, "<HTML>home</HTML>");
+    shop.put(u"_4_Frame.htm"_s, "<FRAMESET><FRAME src=\"_4_Inner.htm\"></FRAMESET>");
+    shop.put(u"_4_Inner.htm"_s, "inner");
+    shop.put(u"price list.pdf"_s, picture(70'000));
+    shop.put(u"media/img/Sea.jpg"_s, picture(200'000));
+    shop.put(u"media/audio/empty.mp3"_s, "");
+}
+
+class Servers : public testing::TestWithParam<Kind> {};
+
+}  // namespace
+
+TEST_P(Servers, HoldExactlyThePublishedFilesWhateverTheirNames) {
+    const RealServer server(GetParam(), false);
+    Publisher shop;
+    make_website(shop);
+    for (const QString& name :
+         {u"-rf.jpg"_s, u"a b  c.jpg"_s, u"it's \"x\".jpg"_s, u"50%41 #1;[2]*.jpg"_s, u"è ü €.jpg"_s})
+        shop.put(u"media/img/"_s + name, picture(1'000));
+    const QString folder = resolve_remote(server.remote_root(), u"Vantiles/Shop"_s);
+    const Published first = shop.publish(server.host(), folder, PublicationMode::kTotal);
+    EXPECT_EQ(first.end.how, How::kDone);
+    EXPECT_EQ(first.refused, QStringList());
+    EXPECT_EQ(first.progress.bytes_done, first.plan.bytes());
+    EXPECT_EQ(files_below(server.path(u"Vantiles/Shop"_s)), shop.files);
+    EXPECT_EQ(server.names(u"Vantiles/Shop/media"_s), QStringList({u"audio"_s, u"img"_s, u"video"_s}));
+
+    shop.put(u"media/img/Sea.jpg"_s, picture(200'000).toUpper());
+    shop.remove(u"media/img/-rf.jpg"_s);
+    shop.remove(u"media/img/50%41 #1;[2]*.jpg"_s);
+    shop.put(u"_4_New.htm"_s, "new");
+    QFile::remove(server.path(u"Vantiles/Shop/_4_Inner.htm"_s));
+    const Published second = shop.publish(server.host(), folder);
+    EXPECT_EQ(second.plan.send.size(), 3);
+    EXPECT_EQ(second.plan.remove.size(), 2);
+    EXPECT_EQ(files_below(server.path(u"Vantiles/Shop"_s)), shop.files);
+
+    const CuttingProxy counting(server.host(), 0, false);
+    EXPECT_EQ(shop.publish(counting.host(), folder).plan.send.size(), 0);
+    EXPECT_LE(counting.commands, 22);  // three more with protection
+}
+
+/// One server still hears the command at which the line is cut, the other one does not.
+TEST_P(Servers, GoOnAfterACutAtAnyCommand) {
+    const RealServer server(GetParam(), false);
+    const QString folder = resolve_remote(server.remote_root(), u"Vantiles/Shop"_s);
+    for (int cut = 1;; ++cut) {
+        QDir(server.path(u"Vantiles"_s)).removeRecursively();
+        Publisher shop;
+        make_website(shop);
+        CuttingProxy proxy(server.host(), cut, GetParam() == Kind::kVsftpd);
+        if (shop.publish(proxy.host(), folder).end.how == How::kDone) break;
+        ASSERT_LT(cut, 200);
+        const QHash<QString, PublishedFile> confirmed = shop.record()->files();
+        shop.remove(u"price list.pdf"_s);
+        shop.put(u"media/img/Sea.jpg"_s, "another sea");
+        const Published second = shop.publish(server.host(), folder);
+        ASSERT_EQ(second.end.how, How::kDone);
+        for (const PublishedFile& file : second.plan.send)
+            EXPECT_TRUE(file.size == 11 || !confirmed.contains(file.path)) << cut << file.path.toStdString();
+        ASSERT_EQ(files_below(server.path(u"Vantiles/Shop"_s)), shop.files) << cut;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Servers, testing::Values(Kind::kVsftpd, Kind::kPyftpdlib), [](const auto& info) {
+    return std::string(info.param == Kind::kVsftpd ? "vsftpd" : "pyftpdlib");
+});
+
+TEST(SendTask, RefusesOnlyWhatStandsInTheWay) {
+    const RealServer server(Kind::kVsftpd, false);
+    Publisher shop;
+    make_website(shop);
+    shop.put(u"media/video/a.mp4"_s);
+    const QString folder = server.remote_root() + u"/htdocs"_s;
+    QDir().mkpath(server.path(u"htdocs/price list.pdf"_s));
+    QDir().mkpath(server.path(u"htdocs/media"_s));
+    ASSERT_TRUE(write_file(server.path(u"htdocs/media/img"_s), "a file"));
+    const Published first = shop.publish(server.host(), folder);
+    EXPECT_EQ(first.end.how, How::kDone);
+    EXPECT_EQ(first.refused.size(), 2) << first.refused.join(u' ').toStdString();
+    EXPECT_EQ(first.progress.files_done, first.progress.files);
+    EXPECT_EQ(files_below(server.path(u"htdocs"_s)).size(), shop.files.size() - 1);
+
+    QDir(server.path(u"htdocs/price list.pdf"_s)).removeRecursively();
+    QFile::remove(server.path(u"htdocs/media/img"_s));
+    EXPECT_EQ(shop.publish(server.host(), folder).plan.send.size(), 2);
+    EXPECT_EQ(files_below(server.path(u"htdocs"_s)), shop.files);
+}
+
+/// What the server refuses, how many files go up of eight pictures and three pages, how often it is tried, and why it
+/// ends before the end.
+TEST(SendTask, LearnsFromRefusals) {
+    struct Row {
+        QByteArray line;
+        QByteArray reply;
+        qsizetype stored, refused, tries;
+        QString stopped_by;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {"CWD /www/media/img", "550 not for you", 3, 8, 3, {}},
+             {"STOR /www/media/img/", "550 not for you", 3, 8, 2 * 5 + 3, {}},
+             {"STOR /www/media/img/", "552 over quota", 0, 0, 1, u"The server has no room left: 552 over quota"_s},
+             {"STOR", "451 failed", 0, 4, 5, u"The server takes no more files: 451 failed"_s},
+             {"CWD /", "550 none", 0, 0, 0, u"The folder /www could not be opened on the server: 550 none"_s},
+             {"MKD", "550 is there", 11, 0, 11, {}}}) {
+        BadServer server;
+        server.instead = [&row](const QByteArray& line) -> std::optional<QByteArray> {
+            return line.startsWith(row.line) ? std::optional(row.reply) : std::nullopt;
+        };
+        Publisher shop;
+        for (int i = 0; i < 8; ++i) shop.put(u"media/img/%1.jpg"_s.arg(i));
+        for (const QString& page : {u"index.htm"_s, u"_4_A.htm"_s, u"_4_B.htm"_s}) shop.put(page);
+        const Published result = shop.publish(server.host(), u"/www"_s);
+        EXPECT_EQ(result.end.how, How::kDone) << (row.line + row.reply).toStdString();
+        EXPECT_EQ(server.files.size(), row.stored) << (row.line + row.reply).toStdString();
+        EXPECT_EQ(result.refused.size(), row.refused) << (row.line + row.reply).toStdString();
+        EXPECT_EQ(server.count("STOR"), row.tries) << (row.line + row.reply).toStdString();
+        EXPECT_EQ(result.stopped_by, row.stopped_by);
+        EXPECT_EQ(shop.record()->files().size(), row.stored);
+    }
+}
+
+TEST(SendTask, SendsNothingThatItCannotRecord) {
+    BadServer server;
+    Publisher shop;
+    make_website(shop);
+    server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
+        if (line.startsWith("MKD")) QDir().mkpath(shop.website(u"§_elencotemp.pnd"_s));
+        return std::nullopt;
+    };
+    EXPECT_THAT(shop.publish(server.host(), u"/www"_s).stopped_by.toStdString(),
+                testing::HasSubstr("could not be written"));
+    EXPECT_EQ(server.count("STOR"), 0);
+}
+
+/// A server that says goodbye after every fifty files; a stack that is smaller than a folder.
+TEST(SendTask, SendsThousandsOfFilesInTurns) {
+    BadServer server;
+    Publisher shop;
+    shop.highest_index = 500;
+    for (int i = 0; i < 1'200; ++i) shop.put(u"_4_Page%1.htm"_s.arg(i));
+    int stored = 0;
+    server.instead = [&stored](const QByteArray& line) -> std::optional<QByteArray> {
+        return line.startsWith("STOR") && ++stored % 51 == 0 ? std::optional<QByteArray>("421 enough") : std::nullopt;
+    };
+    const Published result = shop.publish(server.host(), u"/www"_s, PublicationMode::kTotal, true);
+    EXPECT_EQ(result.end.how, How::kDone);
+    EXPECT_EQ(result.refused, QStringList());
+    EXPECT_EQ(server.files.size(), shop.files.size());
+    EXPECT_EQ(shop.record()->files().size(), shop.files.size());
+}
+
+}  // namespace pondera
