@@ -22,9 +22,9 @@ enum class PublicationMode {
 /// What a destination holds of a Website at this moment: paths relative to the Website's folder there, with their sizes
 /// (-1 where the server does not say). Only folders that were listed count; the Website's own folder is "".
 struct RemoteFiles {
-    QHash<QString, qint64> sizes;
-    QStringList listed_folders;
-    QStringList folders;  ///< those that are there, as far as the listings tell
+    QHash<QString, qint64> sizes{};
+    QStringList listed_folders{};
+    QStringList folders{};  ///< those that are there, as far as the listings tell
 };
 
 /// What a publication does, in its order.
