@@ -175,7 +175,8 @@ std::uintmax_t size_to_install(const Package& package) {
 std::expected<bool, std::string> install(const Package& package, const Installation& installation,
                                          const Advance& advance) {
     std::error_code error;
-    if (!installation.present() && fs::exists(installation.folder, error))
+    const bool is_new = !installation.present();
+    if (is_new && fs::exists(installation.folder, error))
         return fault("A folder of this name is there already, and it is not of this Multimedia:", installation.folder);
     const std::set<fs::path> files = files_to_install(package);
     std::set<fs::path> gone = read_list(installation);
@@ -190,7 +191,7 @@ std::expected<bool, std::string> install(const Package& package, const Installat
     }
     auto copied = copy_package(package, installation, files, advance);
     if (!copied || !*copied) {
-        std::ignore = uninstall(installation);
+        if (is_new) std::ignore = uninstall(installation);
         return copied;
     }
     for (const fs::path& file : files) gone.erase(file);

@@ -31,8 +31,8 @@ struct Installation {
 using Advance = std::function<bool(int done, int total)>;
 
 /// Copies the package's pages and player, its uninstaller and icon, and writes the desktop entry. What an older
-/// installation had and the package has not any more goes. After a failure or cancelling nothing of it stays. False
-/// when it was cancelled; the error is a sentence.
+/// installation had and the package has not any more goes. After a failure or cancelling nothing stays of a first
+/// installation, and an older one stays. False when it was cancelled; the error is a sentence.
 [[nodiscard]] std::expected<bool, std::string> install(const Package& package, const Installation& installation,
                                                        const Advance& advance);
 

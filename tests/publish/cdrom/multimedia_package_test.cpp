@@ -43,7 +43,8 @@ class MultimediaPackage : public testing::Test {
 
 TEST_F(MultimediaPackage, HoldsThePlayerTheInstallerAndThePreparedPages) {
     QList<double> shares;
-    const auto end = create_multimedia(roots_, u"Shop"_s, roots_.drive_root(), [&](int done, int total) {
+    const QString root = multimedia_drives(roots_).first().root + u'/';
+    const auto end = create_multimedia(roots_, u"Shop"_s, root, [&](int done, int total) {
         shares += static_cast<double>(done) / total;
         return true;
     });
@@ -131,21 +132,6 @@ TEST_F(MultimediaPackage, TellsWhyADriveCannotTakeIt) {
     EXPECT_EQ(create_multimedia(roots_, u"Shop"_s, disk.file({})).faults,
               QStringList({u"Error in the creation of the folder: %1\nNo permission for %1."_s.arg(folder)}));
     for (const MultimediaDrive& drive : multimedia_drives(roots_)) EXPECT_NE(drive.root, QDir(disk.file({})).path());
-}
-
-TEST_F(MultimediaPackage, FoldersAndTextsAreThoseOfTheDrive) {
-    const QString root = roots_.drive_root();
-    for (const QString& spelling : {root, root + u'/'}) {
-        const auto folders = multimedia_folders(spelling, u"Shop"_s);
-        EXPECT_EQ(folders.installer, root + u"/Shop Multimedia/Install Shop"_s);
-        EXPECT_EQ(folders.pages, root + u"/Shop Multimedia/Shop"_s);
-        EXPECT_EQ(multimedia_label(folders),
-                  u"The Multimedia is being created on Hard-Disk "_s + root + u"/Shop Multimedia"_s);
-        EXPECT_EQ(multimedia_success(folders),
-                  u"Creation successfully completed in '"_s + root + u"/Shop Multimedia'"_s);
-    }
-    EXPECT_EQ(multimedia_folders(u"/"_s, u"Shop"_s).package, u"/Shop Multimedia");
-    EXPECT_EQ(multimedia_drives(roots_).first().root, root);
 }
 
 }  // namespace pondera
