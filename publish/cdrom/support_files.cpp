@@ -1,6 +1,7 @@
 #include "publish/cdrom/support_files.h"
 
 #include <QDir>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kAutorun = u"AUTORUN.INF"_s;
+const QString kStart = u"Start.htm"_s;
 
 /// Those who read this file know no UTF-8: a name beyond ASCII makes it UTF-16.
 FileResult<void> copy_autorun(const QString& source, const QString& target, const QString& website) {
@@ -22,6 +24,14 @@ FileResult<void> copy_autorun(const QString& source, const QString& target, cons
     file->text.replace(u"%NAME%"_s, website);
     const bool plain = std::ranges::all_of(file->text, [](QChar c) { return c.unicode() < 0x80; });
     return write_text_file(target, file->text, plain ? TextEncoding::kAscii : TextEncoding::kUtf16Le);
+}
+
+FileResult<void> copy_start_page(const QString& source, const QString& target, const QString& website) {
+    auto file = read_text_file(source);
+    if (!file) return std::unexpected(file.error());
+    file->text.replace(u"%ADDRESS%"_s, QString::fromLatin1(QUrl::toPercentEncoding(website)));
+    file->text.replace(u"%NAME%"_s, website.toHtmlEscaped());
+    return write_text_file(target, file->text, TextEncoding::kUtf8);
 }
 
 }  // namespace
@@ -42,6 +52,7 @@ QList<SupportFile> support_files(const QString& website) {
         in_package(u"pndplay.so"_s),
         in_package(u"multimedia.exe"_s),
         in_package(u"autorun.sh"_s),
+        in_package(kStart),
     };
 }
 
@@ -50,6 +61,7 @@ FileResult<void> copy_support_file(const SupportFile& file, const QString& tools
     const QString source = QDir(tools_folder).filePath(file.source);
     const QString target = QDir(folder).filePath(file.target);
     if (file.source == kAutorun) return copy_autorun(source, target, website);
+    if (file.source == kStart) return copy_start_page(source, target, website);
     return copy_file(source, target, IfExists::kReplace);
 }
 

@@ -22,8 +22,8 @@ struct SupportFile {
 /// The support files of a Website's package in the order in which they are copied: those of the installer folder first.
 [[nodiscard]] QList<SupportFile> support_files(const QString& website);
 
-/// Copies a support file over what is there. The file that tells a system what to start from a disc gets the Website's
-/// name where it holds "%NAME%".
+/// Copies a support file over what is there. The file that tells a system what to start from a disc and the page that
+/// leads to the home page get the Website's name where they hold "%NAME%", that page also its address for "%ADDRESS%".
 [[nodiscard]] FileResult<void> copy_support_file(const SupportFile& file, const QString& tools_folder,
                                                  const QString& folder, const QString& website);
 

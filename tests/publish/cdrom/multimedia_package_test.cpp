@@ -21,6 +21,7 @@ class MultimediaPackage : public testing::Test {
         for (const QString& tool : u"Player.exe Uninstall.exe Inserisci_CD.gif"_s.split(u' '))
             drive_.put(kTools + u"Player Setup/"_s + tool, "setup");
         drive_.put(kTools + u"AUTORUN.INF"_s, "icon=Install %NAME%\\pnd.ico\r\n");
+        drive_.put(kTools + u"Start.htm"_s, "<A href=\"%ADDRESS%/index.htm\">%NAME%</A>");
     }
 
     void have(const QString& file, const QByteArray& bytes) const {
@@ -36,7 +37,7 @@ class MultimediaPackage : public testing::Test {
         "Install Shop/Inserisci_CD.gif=setup Install Shop/Install Shop.exe=setup Install Shop/Uninstall.exe=setup "
         "Install Shop/pnd.ico=tool Install Shop/pndsetup.so=tool "
         "Shop/_4_Sea.htm=sea Shop/index.htm=<A href=\"_4_Sea.htm\">home</A> Shop/media/img/sea.jpg=x "
-        "autorun.sh=tool multimedia.exe=tool pndplay.so=tool"_s;
+        "Start.htm=<A href=\"Shop/index.htm\">Shop</A> autorun.sh=tool multimedia.exe=tool pndplay.so=tool"_s;
     TestFolder drive_;
     Roots roots_{drive_.path(u"Pondera_Folder"_s)};
 };
@@ -74,6 +75,17 @@ TEST_F(MultimediaPackage, MadeAgainItFollowsTheWebsiteAndLeavesWhatOthersPutTher
     for (const QString& file : {u"notes.txt"_s, u"Shop/media/img/mine.jpg"_s, u"Shop/_4_Old.htm"_s})
         lose(u"Shop Multimedia/"_s + file);
     EXPECT_EQ(package(), kWhole);
+}
+
+TEST_F(MultimediaPackage, AnyNameIsWrittenAsItsReadersUnderstandIt) {
+    const QString name = u"Caffè & 50%"_s;
+    drive_.put(u"Pondera_Folder/Pondera/%1/index.htm"_s.arg(name), "home");
+    EXPECT_TRUE(create_multimedia(roots_, name, roots_.drive_root()).success());
+    const QString package = name + u" Multimedia/"_s;
+    EXPECT_EQ(drive_.bytes(package + u"Start.htm"_s),
+              "<A href=\"Caff%C3%A8%20%26%2050%25/index.htm\">Caffè &amp; 50%</A>");
+    EXPECT_EQ(decode_text(drive_.bytes(package + u"AUTORUN.INF"_s)).text, u"icon=Install %1\\pnd.ico\r\n"_s.arg(name));
+    EXPECT_TRUE(drive_.bytes(package + u"AUTORUN.INF"_s).startsWith("\xFF\xFE"));
 }
 
 TEST_F(MultimediaPackage, GoesOnAfterWhatFailed) {
