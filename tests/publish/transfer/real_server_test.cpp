@@ -84,9 +84,10 @@ TEST_P(RealServers, AWebsitesWayUpAndBack) {
     EXPECT_EQ(server.names(), QStringList());
 }
 
-TEST_P(RealServers, RefusalsAreTheServersWordsAndTheSessionStands) {
-    const Kind kind = GetParam().kind;
-    const RealServer server(kind, GetParam().tls);
+class RefusingServers : public testing::TestWithParam<Kind> {};
+
+TEST_P(RefusingServers, RefusalsAreTheServersWordsAndTheSessionStands) {
+    const RealServer server(GetParam());
     const TestFolder site;
     site.put(u"old.htm"_s, "old");
     Control control;
@@ -100,7 +101,7 @@ TEST_P(RealServers, RefusalsAreTheServersWordsAndTheSessionStands) {
          {u"CD nowhere"_s, u"RMDIR nowhere"_s, u"DELETE nowhere"_s, u"MKDIR inside"_s,
           u"GET nowhere "_s + site.path(u"old.htm"_s), u"SEND "_s + site.path(u"old.htm"_s) + u" inside"_s}) {
         EXPECT_EQ(control.run(command), kServerAnsweredError) << command.toStdString();
-        EXPECT_TRUE(control.inet.ResponseInfo().startsWith(kind == Kind::kAsyncssh ? u"The" : u"5"))
+        EXPECT_TRUE(control.inet.ResponseInfo().startsWith(GetParam() == Kind::kAsyncssh ? u"The" : u"5"))
             << control.inet.ResponseInfo().toStdString();
         EXPECT_EQ(control.states.last(), InternetState::kResponseCompleted);
         control.inet.Cancel();  // as the dialog does after an error reply
@@ -112,6 +113,8 @@ TEST_P(RealServers, RefusalsAreTheServersWordsAndTheSessionStands) {
     EXPECT_LE(control.states.count(InternetState::kConnected), 1);
 }
 
+INSTANTIATE_TEST_SUITE_P(All, RefusingServers, testing::Values(Kind::kVsftpd, Kind::kPyftpdlib, Kind::kAsyncssh));
+
 INSTANTIATE_TEST_SUITE_P(All, RealServers,
                          testing::Values(Case{"vsftpd", Kind::kVsftpd, false}, Case{"vsftpdTls", Kind::kVsftpd, true},
                                          Case{"pyftpdlib", Kind::kPyftpdlib, false},
@@ -119,24 +122,38 @@ INSTANTIATE_TEST_SUITE_P(All, RealServers,
                                          Case{"asyncssh", Kind::kAsyncssh, false}),
                          [](const auto& info) { return info.param.name; });
 
-TEST(RealServer, WrongLoginsAndHosts) {
-    const RealServer server(Kind::kPyftpdlib);
-    Control control;
-    control.inet.set_host(server.host());
-    control.inet.set_user(u"known"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kFine);
-    control.inet.set_password(u"wrong"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kPasswordRefused);
-    EXPECT_TRUE(control.inet.ResponseInfo().contains(u"530")) << control.inet.ResponseInfo().toStdString();
+TEST(RealServer, LoginsAndHosts) {
+    const RealServer ftp(Kind::kPyftpdlib);
+    const RealServer sftp(Kind::kAsyncssh);
+    struct Row {
+        QString host;
+        QString user;
+        QString password;
+        int code;
+    };
+    Control control({.connect = std::chrono::seconds(1), .retries = {}});
+    control.meet(sftp.host());
+    const auto expect = [&control](const Row& row) {
+        control.inet.set_host(row.host);
+        control.inet.set_user(row.user);
+        control.inet.set_password(row.password);
+        EXPECT_EQ(control.run(u"DIR"_s), row.code)
+            << qPrintable(row.host + row.user + row.password + control.inet.ResponseInfo());
+    };
+    for (const Row& row :
+         {Row{ftp.host(), u"known"_s, u"secret"_s, kFine}, Row{ftp.host(), u"known"_s, u"wrong"_s, kPasswordRefused},
+          Row{u"sftp://"_s + ftp.host(), u"known"_s, u"secret"_s, kTimedOut},
+          Row{sftp.host(), u"known"_s, u"secret"_s, kFine}, Row{sftp.host(), u"known"_s, u"wrong"_s, kPasswordRefused},
+          Row{sftp.host(), u"asked"_s, u"secret"_s, kFine}, Row{sftp.host(), u"asked"_s, u"wrong"_s, kPasswordRefused},
+          Row{sftp.host(), u"keyed"_s, u"secret"_s, kLoginFailed},
+          Row{u"a\r\nb"_s, u"known"_s, u"secret"_s, kBadAddress}})
+        expect(row);
+    for (const QString& protocol : {u"ftp://"_s, u"sftp://"_s}) {
+        expect({protocol + u"no-such-host.invalid"_s, u"known"_s, u"secret"_s, kNameNotResolved});
+        expect({protocol + u"127.0.0.1:1"_s, u"known"_s, u"secret"_s, kCannotConnect});
+    }
     control.inet.set_protection(ProtectionWish::kRequired);
-    EXPECT_EQ(control.run(u"DIR"_s), kNoProtection);
-    control.inet.set_host(u"no-such-host.invalid"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kNameNotResolved);
-    control.inet.set_host(u"127.0.0.1:1"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kCannotConnect);
-    control.inet.set_host(u"a\r\nb"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kBadAddress);
-    EXPECT_EQ(control.states.last(), InternetState::kError);
+    expect({ftp.host(), u"known"_s, u"secret"_s, kNoProtection});
 }
 
 TEST(RealServer, WhatIsFetchedStaysInTheLocalRoot) {

@@ -62,13 +62,6 @@ TEST(RemoteListing, NamesThatLeadOutsideAreNeverOffered) {
     }
 }
 
-TEST(RemoteListing, AnOldServersNamesKeepTheirBytes) {
-    const RemoteListing listing = parse_listing("-rw-r--r-- 1 0 0 7 Jan 02 12:00 caff\xe8.htm\r\n");
-    ASSERT_EQ(listing.entries.size(), 1);
-    EXPECT_EQ(listing.entries[0].name, u"caffè.htm"_s);
-    EXPECT_EQ(listing.entries[0].wire_name, "caff\xe8.htm");
-}
-
 TEST(RemoteName, TemporaryNamesAreTheirOwn) {
     const QString first = temporary_beside(u"/www/index.htm"_s);
     EXPECT_TRUE(first.startsWith(u"/www/pnd-"));

@@ -52,29 +52,6 @@ TEST_F(Sftp, AKeyIsTrustedByThePersonAndNoOther) {
     EXPECT_FALSE(stranger.inet.Protection().encrypted);
 }
 
-TEST_F(Sftp, Logins) {
-    struct Row {
-        QString user;
-        QString password;
-        int code;
-    };
-    for (const Row& row : {Row{u"known"_s, u"secret"_s, kFine}, Row{u"known"_s, u"wrong"_s, kPasswordRefused},
-                           Row{u"asked"_s, u"secret"_s, kFine}, Row{u"asked"_s, u"wrong"_s, kPasswordRefused},
-                           Row{u"keyed"_s, u"secret"_s, kLoginFailed}}) {
-        control.inet.set_user(row.user);
-        control.inet.set_password(row.password);
-        EXPECT_EQ(control.run(u"DIR"_s), row.code) << qPrintable(row.user + row.password + control.inet.ResponseInfo());
-    }
-    const RealServer ftp(Kind::kPyftpdlib);
-    Control quick({.connect = std::chrono::seconds(1), .retries = {}});
-    quick.inet.set_host(u"sftp://"_s + ftp.host());
-    EXPECT_EQ(quick.run(u"DIR"_s), kTimedOut);
-    control.inet.set_host(u"sftp://127.0.0.1:1"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kCannotConnect);
-    control.inet.set_host(u"sftp://no-such-host.invalid"_s);
-    EXPECT_EQ(control.run(u"DIR"_s), kNameNotResolved);
-}
-
 TEST_F(Sftp, NamesAreNeverCommands) {
     work_in(u"~"_s);
     for (const QString& name : {u"a\" \"b"_s, u"back\\slash\\"_s, u"it's"_s, u" blanks "_s, u"; rm x"_s}) {

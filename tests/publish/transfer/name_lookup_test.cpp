@@ -1,0 +1,57 @@
+#include <QElapsedTimer>
+
+#include <atomic>
+#include <dlfcn.h>
+#include <netdb.h>
+#include <semaphore>
+#include <string_view>
+
+#include "tests/publish/transfer/bad_server.h"
+#include "tests/publish/transfer/control.h"
+
+namespace {
+
+std::counting_semaphore<> released(0);
+std::atomic<bool> hanging = false;
+
+}  // namespace
+
+/// Stands before the system's own for all of this program: one name is never found, nor not found.
+extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo* hints, addrinfo** found) {
+    if (name != nullptr && std::string_view(name) == "lost.example") {
+        hanging = true;
+        released.acquire();
+        return EAI_AGAIN;
+    }
+    static const auto kSystems = reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));
+    return kSystems(name, service, hints, found);
+}
+
+namespace pondera {
+namespace {
+
+TEST(NameLookup, OneThatHangsIsBoundedAndCanBeCancelled) {
+    Control quick({.connect = std::chrono::seconds(1), .retries = {}});
+    quick.inet.set_host(u"lost.example"_s);
+    EXPECT_EQ(quick.run(u"DIR"_s), kTimedOut);
+
+    const BadServer server;
+    for (const QString& scheme : {QString(), u"sftp://"_s}) {
+        hanging = false;
+        Control patient;
+        patient.inet.set_host(scheme + u"lost.example"_s);
+        patient.inet.Execute(u"DIR"_s);
+        Control::wait_until([] { return hanging.load(); });
+        patient.inet.Cancel();
+        EXPECT_EQ(patient.states.last(), InternetState::kDisconnected);
+        QElapsedTimer waited;
+        waited.start();
+        patient.inet.set_host(server.host());
+        EXPECT_EQ(patient.run(u"MKDIR x"_s), kFine);
+        EXPECT_LT(waited.elapsed(), 1'000);
+    }
+    released.release(8);
+}
+
+}  // namespace
+}  // namespace pondera
