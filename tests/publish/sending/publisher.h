@@ -49,14 +49,15 @@ class Publisher {
         return PublicationRecord::open(website(), Destination::on_server(u"here"_s, u"anonymous"_s, u"/Shop"_s));
     }
 
-    /// Publishes over a session of its own; one that breaks is not built again unless `patient`.
+    /// Publishes over a session of its own.
     Published publish(const QString& host, const QString& remote_folder,
-                      PublicationMode mode = PublicationMode::kPartial, bool patient = false) {
-        Control control(
-            patient
-                ? TransferWaits{.retries = {std::chrono::milliseconds(1)}}
-                : TransferWaits{.connect = std::chrono::seconds(5), .silence = std::chrono::seconds(5), .retries = {}});
+                      PublicationMode mode = PublicationMode::kPartial) {
+        Control control({.connect = std::chrono::seconds(5),
+                         .silence = std::chrono::seconds(5),
+                         .retries = {std::chrono::milliseconds(1)}});
         control.inet.set_host(host);
+        if (host.startsWith(u"sftp") && control.run(u"DIR"_s) == kCertificateNotTrusted)
+            control.inet.trust_certificate(control.inet.Protection().fingerprint);
         CommandExecutor executor(control.inet, highest_index);
         const auto listing = std::make_shared<ListTask>(
             remote_folder, QStringList{u""_s, u"media/img"_s, u"media/video"_s, u"media/audio"_s});
