@@ -70,7 +70,8 @@ FileResult<bool> stage(const Roots& roots, const QString& website, PublicationMo
 }
 
 void clear_staging(const Roots& roots, const QString& website, PublicationMode mode) {
-    (void)remove_all(staging_folder(roots, website, mode));
+    // What stays goes before the next staging.
+    if (!remove_all(staging_folder(roots, website, mode))) return;
 }
 
 }  // namespace pondera

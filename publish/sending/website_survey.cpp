@@ -115,10 +115,8 @@ class Survey {
 
     /// A page behind those that it shows in frames.
     void append_page(const QString& path) {
-        const auto file = files_.constFind(path);
-        if (file == files_.cend()) return;
-        const PublishedFile page = *file;
-        files_.erase(file);
+        if (!files_.contains(path)) return;
+        const PublishedFile page = files_.take(path);
         for (const QString& shown : shown_.value(path))
             if (shown != kHomePage) append_page(shown);
         ordered_ << page;
