@@ -13,8 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace pondera {
 
-AccountTask::AccountTask(HostingService service, QString domain, QString password, QString copy)
-    : service_(std::move(service)), domain_(std::move(domain)), password_(std::move(password)), copy_(std::move(copy)) {
+AccountTask::AccountTask(const HostingService& service, const QString& domain, QString password, QString copy)
+    : ConnectTask({service.web_root, domain}),
+      account_file_(service.account_file),
+      password_(std::move(password)),
+      copy_(std::move(copy)) {
 }
 
 AccountTask::~AccountTask() {
@@ -25,47 +28,43 @@ bool AccountTask::remove_copy() {
     return !QFile::exists(copy_) || QFile::remove(copy_);
 }
 
-void AccountTask::next_turn(CommandStack& stack, const QString& /*folder*/) {
-    if (std::exchange(begun_, true)) return;
+void AccountTask::next_turn(CommandStack& stack, const QString& folder) {
+    if (outcome_ != Outcome::kOpen) return;
     // What replaces a private file is as private from its first byte on.
-    if (!write_private_file(copy_, {})) {
+    if (write_private_file(copy_, {}))
+        ConnectTask::next_turn(stack, folder);
+    else
         outcome_ = Outcome::kNoLocalCopy;
-        return;
-    }
-    stack.push_in_running_order({command_text(u"CD"_s, service_.web_root), command_text(u"CD"_s, domain_),
-                                 command_text(u"GET"_s, service_.account_file, copy_)});
 }
 
 void AccountTask::answered(const CommandAnswer& answer, CommandStack& stack) {
-    const QString verb = answer.command.section(u' ', 0, 0);
-    if (verb == u"CD") return enter(answer, stack);
-    if (verb == u"GET") return check(answer, stack);
-    if (answer.fine()) listing_ = answer.listing;
+    if (answer.command.startsWith(u"GET ")) {
+        check(answer);
+        remove_copy();
+        if (outcome_ != Outcome::kAccepted) stack.clear();
+        return;
+    }
+    ConnectTask::answered(answer, stack);
+    if (answer.command.startsWith(u"CD ")) enter(answer, stack);
 }
 
 void AccountTask::enter(const CommandAnswer& answer, CommandStack& stack) {
-    if (answer.fine()) {
-        if (web_root_.isEmpty()) web_root_ = answer.folder;
-        return;
+    if (!answer.fine()) {
+        outcome_ = has_web_root_ ? Outcome::kRefused : Outcome::kNoWebRoot;
+        remove_copy();
     }
-    stack.clear();
-    outcome_ = web_root_.isEmpty() ? Outcome::kNoWebRoot : Outcome::kRefused;
-    remove_copy();
+    has_web_root_ = answer.fine();
+    if (present()) stack.push(command_text(u"GET"_s, account_file_, copy_));
 }
 
-void AccountTask::check(const CommandAnswer& answer, CommandStack& stack) {
+void AccountTask::check(const CommandAnswer& answer) {
     outcome_ = Outcome::kRefused;
-    if (answer.fine()) {
-        const auto account = read_text_file(copy_);
-        if (!account)
-            outcome_ = Outcome::kNoLocalCopy;
-        else if (grants_entry(account->text, password_))
-            outcome_ = Outcome::kAccepted;
-    }
-    remove_copy();
-    if (outcome_ != Outcome::kAccepted) return;
-    remote_folder_ = answer.folder;
-    stack.push(u"DIR"_s);
+    if (!answer.fine()) return;
+    const auto account = read_text_file(copy_);
+    if (!account)
+        outcome_ = Outcome::kNoLocalCopy;
+    else if (grants_entry(account->text, password_))
+        outcome_ = Outcome::kAccepted;
 }
 
 }  // namespace pondera

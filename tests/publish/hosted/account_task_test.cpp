@@ -15,13 +15,13 @@ struct Session {
     explicit Session(const QString& host) {
         control.inet.set_host(host);
         control.inet.set_local_root(here.path());
+        QObject::connect(&executor, &CommandExecutor::Executing,
+                         [this](const QString& command) { commands << command.section(u' ', 0, 1); });
     }
     std::shared_ptr<AccountTask> check(const QString& domain, const QString& password) {
         auto task = std::make_shared<AccountTask>(service, domain, password, here.path(u"temp.txt"_s));
         executor.run(task);
         Control::wait_until([&] { return !executor.busy(); });
-        EXPECT_FALSE(QFile::exists(here.path(u"temp.txt"_s)));
-        if (!task->web_root().isEmpty()) service.web_root = task->web_root();
         return task;
     }
 
@@ -29,33 +29,40 @@ struct Session {
     Control control;
     CommandExecutor executor{control.inet, 10'000};
     HostingService service;
+    QStringList commands;
 };
 
 }  // namespace
 
 TEST(AccountTask, GoesInWithTheSubDomainsPasswordOnly) {
     const RealServer server(RealServer::Kind::kVsftpd, false);
-    QDir().mkpath(server.path(u"public_html/bakery"_s));
-    QDir().mkpath(server.path(u"public_html/empty"_s));
+    for (const QString& folder : {u"public_html/bakery"_s, u"public_html/empty"_s}) QDir().mkpath(server.path(folder));
     ASSERT_TRUE(write_file(server.path(u"public_html/bakery/domain.txt"_s), "owner=Ann\r\npassword=bread\r\n"));
+    const auto outcome = [&](const QString& domain, const QString& password) {
+        Session session(server.host());
+        const auto task = session.check(domain, password);
+        EXPECT_FALSE(QFile::exists(session.here.path(u"temp.txt"_s)));
+        EXPECT_EQ(session.commands.contains(u"DIR"_s), task->outcome() == Outcome::kAccepted);
+        return task->outcome();
+    };
+    EXPECT_EQ(outcome(u"bakery"_s, u"BREAD"_s), Outcome::kRefused);
+    EXPECT_EQ(outcome(u"nobody"_s, u"bread"_s), Outcome::kRefused);
+    EXPECT_EQ(outcome(u"empty"_s, u""_s), Outcome::kRefused);
+    EXPECT_EQ(outcome(u"bakery"_s, u"bread"_s), Outcome::kAccepted);
+
     Session session(server.host());
-    EXPECT_EQ(session.check(u"bakery"_s, u"BREAD"_s)->outcome(), Outcome::kRefused);
-    EXPECT_EQ(session.check(u"nobody"_s, u"bread"_s)->outcome(), Outcome::kRefused);
-    EXPECT_EQ(session.check(u"empty"_s, u""_s)->outcome(), Outcome::kRefused);
     const auto task = session.check(u"bakery"_s, u"bread"_s);
-    EXPECT_EQ(task->outcome(), Outcome::kAccepted);
-    EXPECT_EQ(task->remote_folder(), session.service.web_root + u"/bakery"_s);
+    EXPECT_EQ(task->remote_folder(), server.remote_root() + u"/public_html/bakery"_s);
     EXPECT_EQ(task->listing().entries.value(0).name, u"domain.txt");
     EXPECT_TRUE(session.executor.ready());
+}
 
-    Session elsewhere(server.host());
-    elsewhere.service.web_root = u"www"_s;
-    EXPECT_EQ(elsewhere.check(u"bakery"_s, u"bread"_s)->outcome(), Outcome::kNoWebRoot);
-    EXPECT_TRUE(elsewhere.here.put(u"temp.txt/file"_s).endsWith(u"file"_s));  // a folder stands in the file's place
-    auto blocked =
-        std::make_shared<AccountTask>(HostingService{}, u"bakery"_s, u"bread"_s, elsewhere.here.path(u"temp.txt"_s));
-    elsewhere.executor.run(blocked);
-    Control::wait_until([&] { return !elsewhere.executor.busy(); });
+TEST(AccountTask, TellsAWrongServerAndAFolderInTheFilesPlace) {
+    const RealServer server(RealServer::Kind::kPyftpdlib, false);
+    Session session(server.host());
+    EXPECT_EQ(session.check(u"bakery"_s, u"bread"_s)->outcome(), Outcome::kNoWebRoot);
+    session.here.put(u"temp.txt/file"_s);
+    const auto blocked = session.check(u"bakery"_s, u"bread"_s);
     EXPECT_EQ(blocked->outcome(), Outcome::kNoLocalCopy);
     EXPECT_FALSE(blocked->remove_copy());
 }
