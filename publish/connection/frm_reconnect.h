@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+class QDialogButtonBox;
+
 namespace pondera {
 
 /// Tells that there is no connection, or that the program is off line, and asks how to go on.
@@ -18,8 +20,7 @@ class frmReconnect : public QDialog {
     [[nodiscard]] QString result_text() const { return result_; }
 
   private:
-    void add_button(class QDialogButtonBox& buttons, const QString& name, const QString& caption,
-                    const QString& result);
+    void add_button(QDialogButtonBox& buttons, const QString& name, const QString& caption, const QString& result);
 
     QString result_ = QStringLiteral("CANCEL");
 };
