@@ -25,6 +25,9 @@ QLabel* note_label(const QString& name, const QString& text) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setProperty("note", true);
+    QSizePolicy policy = label->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Expanding);  // else forms give it half of a line
+    label->setSizePolicy(policy);
     return label;
 }
 

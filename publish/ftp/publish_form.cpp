@@ -248,7 +248,7 @@ void PublishForm::connetti() {
 }
 
 void PublishForm::try_connecting() {
-    connecting_ = std::make_shared<ConnectTask>(session_.way);
+    connecting_ = connect_task();
     run(
         connecting_, [this] { connected(); }, [this](const TaskEnd& end) { connection_failed(end); });
 }
@@ -274,6 +274,10 @@ bool PublishForm::trusts_server() {
     return true;
 }
 
+std::shared_ptr<ConnectTask> PublishForm::connect_task() {
+    return std::make_shared<ConnectTask>(session_.way);
+}
+
 void PublishForm::connected() {
     remote_folder_ = connecting_->remote_folder();
     present_ = connecting_->present();
@@ -296,9 +300,13 @@ QString PublishForm::suggested_address() const {
     return likely_web_address(session_.host, session_.way.join(u'/'));
 }
 
+QStringList PublishForm::shown_names(const RemoteListing& listing) const {
+    return listed_names(listing);
+}
+
 /// Fills the list with the last listing.
 void PublishForm::riempi_lista() {
-    if (Inet1_) remote_->show_names(Inet1_->RemoteFolder(), listed_names(Inet1_->Listing()));
+    if (Inet1_) remote_->show_names(Inet1_->RemoteFolder(), shown_names(Inet1_->Listing()));
 }
 
 }  // namespace pondera

@@ -74,9 +74,16 @@ class PublishForm : public QDialog {
     virtual void set_login_enabled(bool enabled) = 0;
     /// Brings the person to the field that a failed connection is about.
     virtual void point_out(int /*code*/) {}
-    /// The server accepts the login, and the Website's folder there is known. What a dialog still has to ask the
-    /// server it asks here, and goes on with this one.
+    /// What connects: it goes to the Website's folder. Called once the session is set up.
+    [[nodiscard]] virtual std::shared_ptr<ConnectTask> connect_task();
+    /// That task has ended: the Website's folder on the server is known.
     virtual void connected();
+    /// Leaves the server.
+    void close_line();
+    /// The names of a listing of the server that are shown.
+    [[nodiscard]] virtual QStringList shown_names(const RemoteListing& listing) const;
+    /// The message why the Website, or its file `only`, cannot be sent; empty when it can.
+    [[nodiscard]] virtual QString refusal_to_send(const QString& /*only*/) const { return {}; }
     /// The folders in "media" that are verified before a transfer.
     [[nodiscard]] virtual QStringList verified_folders() const;
     /// What an emptying leaves alone.
@@ -104,7 +111,6 @@ class PublishForm : public QDialog {
   private:
     // connecting
     void open_line();
-    void close_line();
     void try_connecting();
     void connection_failed(const TaskEnd& end);
     [[nodiscard]] bool trusts_server();

@@ -52,6 +52,7 @@ Steps PublishForm::steps() {
 
 void PublishForm::publish(const QString& only) {
     if (!may_start()) return;
+    if (const QString refusal = refusal_to_send(only); !refusal.isEmpty()) return workbench_.prompts().tell(refusal);
     FtpPublication::Order order{.website = workbench_.website(),
                                 .destination = Destination::on_server(session_.host, session_.user, remote_folder_),
                                 .remote_folder = remote_folder_,
@@ -119,7 +120,7 @@ void PublishForm::sent() {
     const bool whole = refused.isEmpty() && stopped_by.isEmpty();
     if (sending_) present_ = present_ || refused.size() < sending_->progress().files_done;
     if (whole) HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), false);
-    remote_->show_names(remote_folder_, listed_names(site_));
+    remote_->show_names(remote_folder_, shown_names(site_));
     finish_work(text, whole ? Tone::kGood : Tone::kBad);
     if (const QString address = browsable_address(options_->address()); whole && !address.isEmpty())
         link_->setText(u"Click here to go to the Website: <a href=\"%1\">%1</a>"_s.arg(address.toHtmlEscaped()));

@@ -37,11 +37,13 @@ RemoteView::RemoteView(QWidget* parent)
 }
 
 void RemoteView::show_names(const QString& folder, const QStringList& names) {
-    folder_->setText(folder.isEmpty() ? QString()
-                                      : u"%1: pages, pictures and sounds (%2)"_s.arg(folder).arg(names.size()));
+    folder_->setText(folder.isEmpty() ? QString() : u"%1  (%L2 shown)"_s.arg(folder).arg(names.size()));
     folder_->setToolTip(folder);
     names_->clear();
     names_->addItems(names);
+    // The home page is what one looks for first.
+    const qsizetype home = names.indexOf(QRegularExpression(u"index\\.htm"_s));
+    if (home >= 0) names_->setCurrentRow(static_cast<int>(home));
 }
 
 }  // namespace pondera

@@ -26,11 +26,6 @@ QStringList hosted_listing(const RemoteListing& listing) {
     return shown;
 }
 
-qsizetype home_page_of(const QStringList& listing) {
-    const auto found = std::ranges::find_if(listing, [](const QString& line) { return line.contains(u"index.htm"_s); });
-    return found == listing.end() ? -1 : found - listing.begin();
-}
-
 QStringList names_of_service(const QString& website_folder) {
     QStringList names = QDir(website_folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     names.removeIf([](const QString& name) { return !belongs_to_service(name); });

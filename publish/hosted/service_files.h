@@ -14,9 +14,6 @@ namespace pondera {
 /// A listing as it is shown: of its first 10,001 entries those that are not the service's; folders end in "/".
 [[nodiscard]] QStringList hosted_listing(const RemoteListing& listing);
 
-/// The first entry that contains "index.htm"; -1 without one.
-[[nodiscard]] qsizetype home_page_of(const QStringList& listing);
-
 /// The files beside a Website's pages that would replace the service's own on the server.
 [[nodiscard]] QStringList names_of_service(const QString& website_folder);
 

@@ -8,6 +8,7 @@ namespace pondera {
 [[nodiscard]] const QList<Command>& publish_commands();
 
 void mnu_pubblica(Workbench& workbench);
+void mnu_pubblica_dominio(Workbench& workbench);
 void mnu_pubblica_cartella(Workbench& workbench);
 void mnu_player(Workbench& workbench);
 

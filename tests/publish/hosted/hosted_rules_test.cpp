@@ -19,8 +19,6 @@ TEST(HostedRules, EntriesOfTheServiceAreNeitherListedNorSent) {
         listing.entries << RemoteEntry{.name = name};
     for (const QString& name : {u"cgi-bin"_s, u"media"_s}) listing.entries << RemoteEntry{.name = name, .folder = true};
     EXPECT_EQ(hosted_listing(listing).join(u' '), u"old_index.htm index.htm media/"_s);
-    EXPECT_EQ(home_page_of(hosted_listing(listing)), 0);
-    EXPECT_EQ(home_page_of({u"media/"_s}), -1);
     for (int n = 0; n < 20'000; ++n) listing.entries << RemoteEntry{.name = QString::number(n)};
     EXPECT_EQ(hosted_listing(listing).size(), 10'001 - 3);
 

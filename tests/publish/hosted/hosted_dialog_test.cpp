@@ -1,0 +1,173 @@
+#include <QTest>
+#include <QtWidgets>
+
+#include "base/files.h"
+#include "publish/hosted/hosted_login.h"
+#include "tests/publish/transfer/real_server.h"
+#include "tests/shell/window/window_fixture.h"
+#include "tests/support/folder_text.h"
+
+namespace pondera {
+
+/// The Website "Shop" with a picture and a film, and a hosting service with the sub-domain "bakery".
+class HostedDialog : public WindowFixture {
+  protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        ASSERT_TRUE(create_folders(roots_.tools_folder()));
+        ASSERT_TRUE(write_file(QDir(roots_.tools_folder()).filePath(u"sHosting.txt"_s),
+                               "host = 127.0.0.1\nport = " + server_.host().section(u':', 1).toUtf8() +
+                                   "\naddress = http://DOMAIN.hosting.example/\nnew domain page = "
+                                   "https://www.hosting.example/new.htm\n"));
+        for (const QString& file : {u"media/img/Sea.gif"_s, u"media/video/Sea.mp4"_s, u"media/img/Thumbs.db"_s})
+            put(shop(file), "sea");
+        put(server_.path(u"public_html/bakery/domain.txt"_s), "password=bread\r\n");
+        put(server_.path(u"public_html/bakery/.ftpquota"_s), "9");
+        put(server_.path(u"public_html/bakery/cgi-bin/mail.pl"_s), "x");
+        put(server_.path(u"public_html/other/index.htm"_s), "another's");
+        open(u"Shop"_s);
+    }
+
+    static void put(const QString& path, const QByteArray& bytes) {
+        ASSERT_TRUE(create_folders(QFileInfo(path).path()) && write_file(path, bytes)) << path.toStdString();
+    }
+
+    void in_dialog(const std::function<void(const FormHand&)>& work) {
+        run_form(u"mnu_pubblica_dominio"_s, u"Frm_Connessione_Remota"_s, [&](const FormHand& form) {
+            work(form);
+            form.click(u"OKButton"_s);
+        });
+    }
+
+    static void do_and_wait(const FormHand& form, const QString& button) {
+        form.click(button);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.widget<QAbstractButton>(u"Collegati"_s).isEnabled(); }, 30'000));
+    }
+
+    static void log_in(const FormHand& form, const QString& domain, const QString& password) {
+        form.type(u"user_id"_s, u"anonymous"_s).type(u"password"_s, u"secret"_s);
+        form.type(u"txtDomain"_s, domain).type(u"txtPassword"_s, password);
+        do_and_wait(form, u"Collegati"_s);
+    }
+
+    static QString text(const FormHand& form, const QString& label) { return form.widget<QLabel>(label).text(); }
+    static bool connected(const FormHand& form) {
+        return form.widget<QPlainTextEdit>(u"Info"_s).toPlainText().startsWith(u"Connected."_s);
+    }
+    [[nodiscard]] QStringList on_server(const QString& folder) const {
+        return server_.names(u"public_html/"_s + folder);
+    }
+    [[nodiscard]] bool has_copy() const { return QFile::exists(account_copy_path(roots_)); }
+
+    RealServer server_{RealServer::Kind::kVsftpd, false};
+};
+
+TEST_F(HostedDialog, PublishesToTheSubDomainAndEmptiesItButForTheServicesFiles) {
+    in_dialog([&](const FormHand& form) {
+        form.photograph(u"hosted_new"_s);
+        EXPECT_EQ(form.widget<QComboBox>(u"Nome_Host"_s).currentText(), server_.host());
+        EXPECT_THAT(text(form, u"lblNewDomain"_s), Holds(u"https://www.hosting.example/new.htm"_s));
+        EXPECT_TRUE(QDir(roots_.ftp_folder()).exists() && QDir(roots_.ftp_total_folder()).exists());
+        log_in(form, u"http://bakery.hosting.example/"_s, u"bread"_s);
+        EXPECT_TRUE(connected(form));
+        EXPECT_FALSE(has_copy());
+        EXPECT_EQ(form.entries(u"Remoto"_s), QStringList());
+
+        form.click(u"optTotal"_s);
+        do_and_wait(form, u"cmdSel"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n5 files sent.");
+        EXPECT_THAT(text(form, u"lblWebsite"_s), Holds(u"Click here to go to the Website: "_s));
+        EXPECT_THAT(text(form, u"lblWebsite"_s), Holds(u"http://bakery.hosting.example/"_s));
+        EXPECT_EQ(form.entries(u"Remoto"_s).join(u' '), u"_4_Trips.htm _x_Map.htm index.htm media/");
+        EXPECT_EQ(form.widget<QListWidget>(u"Remoto"_s).currentItem()->text(), u"index.htm");
+        form.photograph(u"hosted_published"_s);
+        do_and_wait(form, u"cmdSel"_s);
+
+        EXPECT_EQ(on_server(u"bakery/media/img"_s), QStringList(u"Sea.gif"_s));
+        EXPECT_EQ(on_server(u"bakery/media/video"_s), QStringList(u"Sea.mp4"_s));
+        prompts_.expect_message(u"Do you want to delete all files contained in the remote server?"_s, Answer::kYes);
+        do_and_wait(form, u"cmdDesel"_s);
+        EXPECT_EQ(form.entries(u"Remoto"_s), QStringList());
+    });
+    EXPECT_EQ(on_server(u"bakery"_s), QStringList({u".ftpquota"_s, u"cgi-bin"_s, u"domain.txt"_s}));
+    EXPECT_EQ(on_server(u"bakery/cgi-bin"_s), QStringList(u"mail.pl"_s));
+    EXPECT_EQ(on_server(u"other"_s), QStringList(u"index.htm"_s));
+}
+
+TEST_F(HostedDialog, WrongDataLeaveNoConnection) {
+    const QString before = text_of_folder(server_.path(u"public_html"_s));
+    in_dialog([&](const FormHand& form) {
+        prompts_.expect_message(u"Insert all required data"_s);
+        log_in(form, u"bakery"_s, u""_s);
+        for (const QString& password : {u"Bread"_s, u"password"_s}) {
+            prompts_.expect_message(u"Incorrected data"_s);
+            log_in(form, u"bakery"_s, password);
+            EXPECT_FALSE(connected(form));
+        }
+        EXPECT_EQ(form.form().focusWidget()->objectName(), u"txtPassword");
+        form.photograph(u"hosted_refused"_s);
+        prompts_.expect_message(u"Connecting before or wait for the end of the operations"_s);
+        form.click(u"cmdSel"_s);
+        prompts_.expect_message(u"Incorrected data"_s);
+        log_in(form, u"nobody"_s, u"bread"_s);
+
+        QDir().mkpath(account_copy_path(roots_));
+        log_in(form, u"bakery"_s, u"bread"_s);
+        EXPECT_THAT(text(form, u"lblHint"_s), Holds(u"cannot be written"_s));
+        QDir().rmdir(account_copy_path(roots_));
+        QDir(server_.path({})).rename(u"public_html"_s, u"www"_s);
+        log_in(form, u"bakery"_s, u"bread"_s);
+        EXPECT_THAT(text(form, u"lblHint"_s), Holds(u"no folder \"public_html\""_s));
+        EXPECT_FALSE(connected(form) || has_copy());
+        QDir(server_.path({})).rename(u"www"_s, u"public_html"_s);
+    });
+    EXPECT_EQ(text_of_folder(server_.path(u"public_html"_s)), before);
+}
+
+TEST_F(HostedDialog, DataAreKeptWithoutTheSubDomainsPasswordAndForgotten) {
+    const QString file = hosted_settings_path(roots_);
+    in_dialog([&](const FormHand& form) {
+        prompts_.expect_message(u"Insert all required data"_s);
+        form.click(u"chkSalvaDati"_s).click(u"chkSalvaDati"_s);
+        form.type(u"user_id"_s, u"ann"_s).type(u"txtDomain"_s, u"bakery"_s).type(u"txtPassword"_s, u"bread"_s);
+        form.click(u"chkSalvaDati"_s);
+    });
+    EXPECT_EQ(read_file(file).value_or(""),
+              "\"nomehost " + server_.host().toUtf8() + "\r\nuserid ann\r\nsito bakery\r\n\"\r\n");
+    EXPECT_EQ(QFileInfo(file).permissions() & (QFileDevice::ReadGroup | QFileDevice::ReadOther),
+              QFileDevice::Permissions());
+    in_dialog([&](const FormHand& form) {
+        EXPECT_EQ(form.widget<QLineEdit>(u"user_id"_s).text() + form.widget<QLineEdit>(u"txtDomain"_s).text(),
+                  u"annbakery");
+        for (const Answer answer : {Answer::kCancel, Answer::kYes}) {
+            prompts_.expect_message(u"Are you sure you want to definitely delete the FTP data?"_s, answer);
+            form.click(u"chkDeleteData"_s);
+            EXPECT_EQ(QFile::exists(file), answer == Answer::kCancel);
+        }
+        EXPECT_EQ(form.widget<QLineEdit>(u"user_id"_s).text(), u"");
+        prompts_.expect_message(u"Insert all required data"_s);
+        form.click(u"chkDeleteData"_s);
+    });
+}
+
+TEST_F(HostedDialog, NoFileOfTheWebsiteReplacesTheAccountFile) {
+    put(shop(u"Domain.txt"_s), "my words about domains");
+    in_dialog([&](const FormHand& form) {
+        log_in(form, u"bakery"_s, u"bread"_s);
+        prompts_.expect_message(u"files of its own:\n\nDomain.txt"_s);
+        form.click(u"cmdSel"_s);
+        prompts_.expect_file(shop(u"Domain.txt"_s)).expect_message(u"Domain.txt"_s);
+        form.click(u"cmdFile"_s);
+        prompts_.expect_file(shop(u"index.htm"_s));
+        do_and_wait(form, u"cmdFile"_s);
+    });
+    EXPECT_EQ(read_file(server_.path(u"public_html/bakery/domain.txt"_s)).value_or(""), "password=bread\r\n");
+    EXPECT_TRUE(on_server(u"bakery"_s).contains(u"index.htm"_s));
+}
+
+TEST_F(HostedDialog, MissingServiceSettingsAreTold) {
+    ASSERT_TRUE(QFile::remove(QDir(roots_.tools_folder()).filePath(u"sHosting.txt"_s)));
+    run_told(u"mnu_pubblica_dominio"_s, u"The settings of the hosting service cannot be read."_s);
+}
+
+}  // namespace pondera
