@@ -70,8 +70,8 @@ FileResult<bool> stage(const Roots& roots, const QString& website, PublicationMo
 }
 
 void clear_staging(const Roots& roots, const QString& website, PublicationMode mode) {
-    // What stays goes before the next staging.
-    if (!remove_all(staging_folder(roots, website, mode))) return;
+    // What cannot go now is told when the next staging finds it.
+    [[maybe_unused]] const FileResult<void> removed = remove_all(staging_folder(roots, website, mode));
 }
 
 }  // namespace pondera
