@@ -21,6 +21,7 @@ frmConnection::frmConnection(QWidget* parent, std::function<bool()> is_connected
     bar_->setObjectName(u"ProgressBar1"_s);
     bar_->setAccessibleName(u"Time until the search is given up"_s);
     bar_->setRange(0, kSteps);
+    bar_->setValue(0);
     bar_->setTextVisible(false);
     bar_->setMinimumWidth(kBarWidth);
     timer_->setObjectName(u"Timer1"_s);

@@ -6,13 +6,15 @@
 
 #include "publish/connection/internet_functions.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pondera {
 
-/// A machine whose connection is as a test wants it. Every function notes that it was called.
+/// A machine whose connection is as a test wants it.
 class ScriptedFunctions : public InternetFunctions {
   public:
     ConnectedState state;
-    int error = 0;  ///< all functions but `connected_state` fail with it
+    int error = 0;  ///< every function leaves it
     std::optional<QString> response;
     QStringList calls;
     std::function<bool()> permission;  ///< asked by `go_online`
@@ -23,22 +25,22 @@ class ScriptedFunctions : public InternetFunctions {
         now = state;
         return error == 0;
     }
-    bool set_online(bool online) override { return called(online ? "on" : "off"); }
+    bool set_online(bool online) override { return called(online ? u"on"_s : u"off"_s); }
     bool go_online(const QString& url, quintptr) override {
         if (permission && !permission()) error = kRefusedByPerson;
-        return called("go " + url.toUtf8());
+        return called(u"go "_s + url);
     }
-    bool dial(const QString& name) override { return called("dial " + name.toUtf8()); }
-    bool hang_up() override { return called("hang up"); }
-    bool autodial() override { return called("autodial"); }
-    bool autodial_hang_up() override { return called("autodial hang up"); }
+    bool dial(const QString& name) override { return called(u"dial "_s + name); }
+    bool hang_up() override { return called(u"hang up"_s); }
+    bool autodial() override { return called(u"autodial"_s); }
+    bool autodial_hang_up() override { return called(u"autodial hang up"_s); }
     [[nodiscard]] int last_error() const override { return error; }
     [[nodiscard]] std::optional<QString> last_response() const override { return response; }
     [[nodiscard]] NetworkPresence IsNetworkAlive() const override { return {.lan = state.connected}; }
 
   private:
-    bool called(const QByteArray& call) {
-        calls << QString::fromUtf8(call);
+    bool called(const QString& call) {
+        calls << call;
         return error == 0;
     }
 };

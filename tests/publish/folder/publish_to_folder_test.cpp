@@ -1,6 +1,5 @@
 #include <QtWidgets>
 
-#include "publish/folder/folder_summary.h"
 #include "tests/shell/window/window_fixture.h"
 #include "tests/support/folder_text.h"
 #include "tests/support/test_folder.h"
@@ -12,7 +11,6 @@ class PublishToFolder : public WindowFixture {
     void SetUp() override {
         WindowFixture::SetUp();
         open(u"Shop"_s);
-        for (const QString& old : {u"_4_Trips.htm"_s, u"index.htm"_s}) ASSERT_TRUE(QFile::exists(shop(old)));
     }
 
     void publish(const ScriptedPrompts::Filler& fill) {
@@ -82,7 +80,7 @@ TEST_F(PublishToFolder, CancelStopsAndTheNextTimeGoesOn) {
     settings_.setValue(u"Publish/Folder of Shop"_s, stick_.path());
     publish([&](const FormHand& form) {
         const auto* bar = &form.widget<QProgressBar>(u"ProgressBar1"_s);
-        auto stopping = QObject::connect(bar, &QProgressBar::valueChanged, &form.form(), [&] {
+        const auto stopping = QObject::connect(bar, &QProgressBar::valueChanged, &form.form(), [&] {
             if (QFile::exists(stick_.path(u"Shop/_4_Trips.htm"_s)))
                 form.photograph(u"Frm_Pubblica_Cartella_running"_s).form().reject();
         });
@@ -103,13 +101,6 @@ TEST_F(PublishToFolder, FailureIsTold) {
         prompts_.expect_message(u"The Website was not published.\n\n"_s);
         form.click(u"OKButton"_s).click(u"CancelButton"_s);
     });
-}
-
-TEST(FolderSummary, SaysWhatWasDone) {
-    EXPECT_EQ(folder_summary({.files = 1'200, .removed = 1}), u"Done: 1,200 files written, 1 file removed.");
-    EXPECT_EQ(folder_summary({.files = 2, .cancelled = true}),
-              u"Cancelled after 2 files written. Publish again to go on from here.");
-    EXPECT_EQ(folder_summary({.cancelled = true}), u"Cancelled. Publish again to go on from here.");
 }
 
 }  // namespace pondera
