@@ -25,7 +25,6 @@ class CuttingProxy : public QTcpServer {
     void begin() {
         QTcpSocket* const client = nextPendingConnection();
         auto* const server = new QTcpSocket(client);
-        for (QTcpSocket* socket : {client, server}) socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         server->connectToHost(QHostAddress(QHostAddress::LocalHost), port_);
         connect(server, &QTcpSocket::readyRead, client, [client, server] {
             if (client->isOpen()) client->write(server->readAll());

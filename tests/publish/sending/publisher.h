@@ -12,13 +12,11 @@
 
 namespace pondera {
 
-/// How a publication ended.
+/// How a publication ended; without a sending when it did not come to that.
 struct Published {
     TaskEnd end;
     PublicationPlan plan;
-    QStringList refused{};
-    QString stopped_by{};
-    SendProgress progress{};
+    std::shared_ptr<SendTask> sending;
 };
 
 /// All files below a folder with their bytes.
@@ -61,37 +59,30 @@ class Publisher {
         CommandExecutor executor(control.inet, highest_index);
         const auto listing = std::make_shared<ListTask>(
             remote_folder, QStringList{u""_s, u"media/img"_s, u"media/video"_s, u"media/audio"_s});
-        Published result{.end = run(executor, listing), .plan = {}};
+        Published result{.end = run(executor, listing), .plan = {}, .sending = nullptr};
         if (result.end.how != TaskEnd::How::kDone) return result;
         auto known = record();
         const auto survey = survey_website(roots, u"Shop"_s);
         EXPECT_TRUE(known && survey);
         result.plan = plan_publication(*survey, mode, *known, listing->found(), true);
         EXPECT_TRUE(stage(roots, u"Shop"_s, mode, result.plan).value_or(false));
-        const auto sending =
-            std::make_shared<SendTask>(SendTask::Job{.staging_folder = staging_folder(roots, u"Shop"_s, mode),
-                                                     .remote_folder = remote_folder,
-                                                     .plan = result.plan,
-                                                     .record = &*known,
-                                                     .folders = listing->found().folders});
-        result.end = run(executor, sending);
+        const QString staged = staging_folder(roots, u"Shop"_s, mode);
+        result.sending = std::make_shared<SendTask>(
+            SendTask::Job{staged, remote_folder, result.plan, &*known, listing->found().folders});
+        result.end = run(executor, result.sending);
         EXPECT_TRUE(known->close());
         clear_staging(roots, u"Shop"_s, mode);
-        for (const RefusedFile& file : sending->refused()) result.refused << file.path + u": "_s + file.reply;
-        result.stopped_by = sending->stopped_by();
-        result.progress = sending->progress();
         return result;
     }
 
   private:
     static TaskEnd run(CommandExecutor& executor, std::shared_ptr<RemoteTask> task) {
-        std::optional<TaskEnd> end;
-        const auto connection =
-            QObject::connect(&executor, &CommandExecutor::Ended, [&end](const TaskEnd& how) { end = how; });
+        TaskEnd end{.how = TaskEnd::How::kBroken, .code = kTimedOut, .text = {}};
+        const QObject watch;
+        QObject::connect(&executor, &CommandExecutor::Ended, &watch, [&end](const TaskEnd& how) { end = how; });
         executor.run(std::move(task));
-        Control::wait_until([&end] { return end.has_value(); });
-        QObject::disconnect(connection);
-        return end.value_or(TaskEnd{.how = TaskEnd::How::kBroken, .code = kTimedOut, .text = {}});
+        Control::wait_until([&executor] { return !executor.busy(); });
+        return end;
     }
 
     TestFolder home_;
