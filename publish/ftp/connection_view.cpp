@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kSignSize = 20;
 constexpr int kStatusLines = 4;
+constexpr int kHintLines = 4;
 
 void show_sign(QLabel& label, const QString& resource) {
     label.setPixmap(resource.isEmpty() ? QPixmap()
@@ -39,9 +40,10 @@ ConnectionView::ConnectionView(QWidget* parent)
     info_->setReadOnly(true);
     info_->setTabChangesFocus(true);
     info_->setAccessibleName(u"State of the connection"_s);
+    info_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     info_->setMinimumHeight(info_->fontMetrics().lineSpacing() * kStatusLines + 2 * info_->frameWidth() + 8);
     hint_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    hint_->setMinimumHeight(hint_->fontMetrics().lineSpacing() * 3);
+    hint_->setMinimumHeight(hint_->fontMetrics().lineSpacing() * kHintLines);
     hint_->setAlignment(Qt::AlignTop);
 
     auto* grid = new QGridLayout(this);

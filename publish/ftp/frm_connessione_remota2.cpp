@@ -104,7 +104,7 @@ QGroupBox* Frm_Connessione_Remota2::make_fields() {
 
     auto* group = new QGroupBox(u"Server"_s);
     auto* form = new QFormLayout;
-    form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->setVerticalSpacing(6);
     form->addRow(u"&Address"_s, Nome_Host_);
     form->addRow(u"&User name"_s, user_id_);

@@ -19,6 +19,8 @@ namespace pondera {
 namespace {
 
 constexpr QSize kSize(940, 640);
+const QString kConnect = u"&Connect"_s;
+const QString kDisconnect = u"Dis&connect"_s;
 constexpr std::chrono::milliseconds kBetweenNudges{1000};
 constexpr std::chrono::milliseconds kBetweenLooks{250};
 
@@ -28,7 +30,7 @@ PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_
     : QDialog(workbench.window()),
       workbench_(workbench),
       highest_index_(highest_index),
-      connect_(new QPushButton(u"&Connect"_s)),
+      connect_(new QPushButton),
       connection_(new ConnectionView),
       options_(new PublishOptions),
       remote_(new RemoteView),
@@ -37,6 +39,8 @@ PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_
     setObjectName(name);
     setWindowTitle(u"Publish \"%1\" on the Internet"_s.arg(workbench.website()));
     connect_->setObjectName(u"Collegati"_s);
+    connect_->setText(kDisconnect);
+    connect_->setMinimumWidth(connect_->sizeHint().width());
     link_->setObjectName(u"lblWebsite"_s);
     link_->setTextInteractionFlags(Qt::TextBrowserInteraction);
     link_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -110,7 +114,7 @@ void PublishForm::point_out_unfinished(const QString& host) {
 /// What can be done next: the default button and the fields follow it.
 void PublishForm::show_situation() {
     const bool connected = is_connected();
-    connect_->setText(connected ? u"Dis&connect"_s : u"&Connect"_s);
+    connect_->setText(connected ? kDisconnect : kConnect);
     connect_->setEnabled(!working_);
     set_login_enabled(!working_ && !connected);
     options_->button().setDefault(connected && !working_);

@@ -37,7 +37,10 @@ RemoteView::RemoteView(QWidget* parent)
 }
 
 void RemoteView::show_names(const QString& folder, const QStringList& names) {
-    folder_->setText(folder.isEmpty() ? QString() : u"%1  (%L2 shown)"_s.arg(folder).arg(names.size()));
+    const QString count = u"  (%L1 shown)"_s.arg(names.size());
+    const int room = folder_->width() - folder_->fontMetrics().horizontalAdvance(count);
+    folder_->setText(folder.isEmpty() ? QString()
+                                      : folder_->fontMetrics().elidedText(folder, Qt::ElideLeft, room) + count);
     folder_->setToolTip(folder);
     names_->clear();
     names_->addItems(names);

@@ -67,6 +67,7 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
     const RealServer server(RealServer::Kind::kVsftpd, false);
     const QStringList all{u"_4_Trips.htm"_s, u"_x_Map.htm"_s, u"index.htm"_s, u"media/img/Sea.gif"_s};
     in_dialog([&](const FormHand& form) {
+        EXPECT_EQ(form.form().minimumSizeHint().boundedTo({1000, 650}), form.form().minimumSizeHint());
         form.photograph(u"publish_new"_s);
         for (const QString& button : {u"cmdSel"_s, u"cmdDesel"_s, u"cmdUpdate"_s, u"cmdFile"_s}) {
             prompts_.expect_message(kWrongState);
@@ -216,10 +217,11 @@ TEST_F(PublishDialog, WhatWasStoppedOrRefusedGoesOnTheNextTime) {
     });
     EXPECT_FALSE(PublicationRecord::was_interrupted(shop()));
 
-    // Closing in the middle ends it all.
+    // Closing in the middle ends it all; what a power cut left is pointed out.
     hangs = true;
+    ASSERT_TRUE(write_file(shop(u"§_elencotemp.pnd"_s), "x"));
     run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s, [&](const FormHand& form) {
-        form.type(u"Nome_Host"_s, server.host());
+        EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"The last publication did not come to its end."_s));
         server.commands = {"STOR", "STOR"};
         log_in(form, server.host());
         form.click(u"cmdSel"_s);
