@@ -290,9 +290,10 @@ void PublishForm::connected() {
     if (connecting_->listed()) listing_ = site_ = connecting_->listing();
     const QString known = HostMemory(workbench_.settings(), session_.host).address(remote_folder_);
     options_->set_address(known.isEmpty() ? suggested_address() : known);
-    if (present_) return finish_work(u"The Website goes to the folder %1."_s.arg(remote_folder_), Tone::kPlain);
+    const QString folder = session_.way.join(u'/');
+    if (present_) return finish_work(u"The Website goes to the folder %1."_s.arg(folder), Tone::kPlain);
     remote_->show_names({}, {});
-    finish_work(u"The folder %1 is not on the server yet. It will be made when you publish."_s.arg(remote_folder_),
+    finish_work(u"The folder %1 is not on the server yet. It will be made when you publish."_s.arg(folder),
                 Tone::kPlain);
 }
 
