@@ -16,8 +16,8 @@ namespace pondera {
 using testing::HasSubstr;
 
 TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
-    const auto installed = install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR) + u"/system"_s, roots_);
-    ASSERT_TRUE(installed);
+    for (const char* shipped : {PONDERA_SOURCE_DIR "/system", PONDERA_PLAYER_DIR})
+        ASSERT_TRUE(install_shipped_files(QString::fromUtf8(shipped), roots_)) << shipped;
 
     int starts = 0;
     {
