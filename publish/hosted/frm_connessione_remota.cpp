@@ -161,8 +161,10 @@ std::optional<ServerLogin> Frm_Connessione_Remota::login() {
         field->setFocus();
         return std::nullopt;
     }
-    return ServerLogin{
-        .host = typed.server.host, .user = typed.server.user, .password = typed.server.password, .way = {}};
+    return ServerLogin{.host = typed.server.host,
+                       .user = typed.server.user,
+                       .password = typed.server.password,
+                       .way = {service_.web_root, typed.server.site}};
 }
 
 void Frm_Connessione_Remota::set_login_enabled(bool enabled) {

@@ -70,6 +70,7 @@ TEST_F(HostedDialog, PublishesToTheSubDomainAndEmptiesItButForTheServicesFiles) 
         EXPECT_TRUE(QDir(roots_.ftp_folder()).exists() && QDir(roots_.ftp_total_folder()).exists());
         log_in(form, u"http://bakery.hosting.example/"_s, u"bread"_s);
         EXPECT_TRUE(connected(form));
+        EXPECT_EQ(text(form, u"lblHint"_s), u"The Website goes to the folder public_html/bakery.");
         EXPECT_FALSE(has_copy());
         EXPECT_EQ(form.entries(u"Remoto"_s), QStringList());
 
