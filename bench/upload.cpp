@@ -1,6 +1,7 @@
 // Publishes a Website of 2,000 files to a real server on loopback by the ways of the publishing form, and mirrors the
 // same files with lftp over one connection beside it.
 //   pondera_bench_upload [FILES [SERVER]]     2000, vsftpd or pyftpdlib
+// Files lie in $TMPDIR: with /dev/shm no disk is measured. What else the machine does changes the ratios a lot.
 
 #include <QCoreApplication>
 #include <QDirIterator>

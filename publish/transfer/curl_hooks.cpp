@@ -110,7 +110,7 @@ curl_socket_t CurlHooks::open_socket(void* data, curlsocktype, curl_sockaddr* ad
 int CurlHooks::close_socket(void* data, curl_socket_t socket) {
     auto& session = *static_cast<CurlSession*>(data);
     session.interruption_.socket_closing(socket);
-    session.hung_up_ = session.hung_up_ || has_hung_up(socket);
+    if (session.ssh() && has_hung_up(socket)) session.hung_up_ = true;
     return ::close(socket);
 }
 

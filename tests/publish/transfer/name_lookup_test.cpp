@@ -16,11 +16,11 @@ std::atomic<bool> hanging = false;
 
 }  // namespace
 
-/// Stands before the system's own for all of this program: one name is never found, nor not found.
+/// Stands before the system's own for all of this program: one name is for long neither found nor not found.
 extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo* hints, addrinfo** found) {
     if (name != nullptr && std::string_view(name) == "lost.example") {
         hanging = true;
-        released.acquire();
+        (void)released.try_acquire_for(std::chrono::seconds(20));
         return EAI_AGAIN;
     }
     static const auto kSystems = reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));
