@@ -59,21 +59,24 @@ ConnectionView::ConnectionView(QWidget* parent)
 }
 
 void ConnectionView::show_status(const QString& status) {
-    info_->setPlainText(status);
+    if (info_->toPlainText() != status) info_->setPlainText(status);
+}
+
+void ConnectionView::show_line(const QString& sign, const QString& words, bool bad) {
+    if (protection_->text() == words) return;
+    show_sign(*padlock_, sign);
+    protection_->setText(words);
+    protection_->setProperty("bad", bad);
+    protection_->style()->polish(protection_);
 }
 
 void ConnectionView::show_protection(const LineProtection& protection) {
-    show_sign(*padlock_, protection.encrypted ? u":/icons/lock.svg"_s : u":/icons/unlock.svg"_s);
-    protection_->setText(protection_words(protection));
-    protection_->setProperty("bad", !protection.encrypted);
-    protection_->style()->polish(protection_);
+    show_line(protection.encrypted ? u":/icons/lock.svg"_s : u":/icons/unlock.svg"_s, protection_words(protection),
+              !protection.encrypted);
 }
 
 void ConnectionView::show_no_connection() {
-    show_sign(*padlock_, {});
-    protection_->setText(u"Not connected"_s);
-    protection_->setProperty("bad", false);
-    protection_->style()->polish(protection_);
+    show_line({}, u"Not connected"_s, false);
 }
 
 void ConnectionView::show_hint(const QString& text, Tone tone) {

@@ -25,6 +25,8 @@ class ConnectionView : public QGroupBox {
     void show_hint(const QString& text, Tone tone = Tone::kPlain);
 
   private:
+    void show_line(const QString& sign, const QString& words, bool bad);
+
     QPlainTextEdit* info_;
     QLabel* padlock_;
     QLabel* protection_;

@@ -23,6 +23,7 @@ const QString kConnect = u"&Connect"_s;
 const QString kDisconnect = u"Dis&connect"_s;
 constexpr std::chrono::milliseconds kBetweenNudges{1000};
 constexpr std::chrono::milliseconds kBetweenLooks{250};
+constexpr qint64 kBetweenStates = 50;  // milliseconds
 
 }  // namespace
 
@@ -56,7 +57,10 @@ PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_
     connect(&Timer1_, &QTimer::timeout, this, [this] {
         if (executor_) executor_->step();
     });
-    connect(&Timer2_, &QTimer::timeout, this, &PublishForm::Aggiorna_Contatore);
+    connect(&Timer2_, &QTimer::timeout, this, [this] {
+        show_live();
+        Aggiorna_Contatore();
+    });
 }
 
 PublishForm::~PublishForm() {
@@ -133,6 +137,8 @@ void PublishForm::start_work(const QString& stage) {
     working_ = true;
     stop_ = false;
     stage_ = stage;
+    command_.clear();
+    pending_ = 0;
     link_->clear();
     hint({});
     show_situation();
@@ -150,6 +156,7 @@ void PublishForm::finish_work(const QString& text, Tone tone) {
     emptying_.reset();
     close_publication();
     working_ = false;
+    show_live();
     show_situation();
     hint(text, tone);
     if (!closing_.isEmpty()) close_now();
@@ -193,9 +200,20 @@ void PublishForm::close_now() {
     done(closed_by_ == u"CLOSE" ? Accepted : Rejected);
 }
 
-void PublishForm::show_executing(const QString& command, int pending) {
-    transfer_->show_command(shown_command(command, publication_ ? publication_->staging_folder() : QString()));
-    const QString waiting = waiting_text(pending);
+/// Shows the state and the command at work, unless that was done a moment ago: thousands of commands would cost more
+/// time to show than to do.
+void PublishForm::show_soon() {
+    if (!shown_.isValid() || shown_.elapsed() >= kBetweenStates) show_live();
+}
+
+void PublishForm::show_live() {
+    shown_.start();
+    if (!executor_) return;
+    connection_->show_status(executor_->status());
+    if (!Inet1_->RemoteFolder().isEmpty()) connection_->show_protection(Inet1_->Protection());
+    if (!working_) return;
+    transfer_->show_command(shown_command(command_, publication_ ? publication_->staging_folder() : QString()));
+    const QString waiting = waiting_text(pending_);
     transfer_->show_stage(waiting.isEmpty() ? stage_ : waiting);
 }
 
@@ -207,8 +225,12 @@ void PublishForm::open_line() {
     Inet1_ = std::make_unique<CurlTransfer>();
     Inet1_->setObjectName(u"Inet1"_s);
     executor_ = std::make_unique<CommandExecutor>(*Inet1_, highest_index_);
-    connect(executor_.get(), &CommandExecutor::StatusChanged, this, &PublishForm::show_line);
-    connect(executor_.get(), &CommandExecutor::Executing, this, &PublishForm::show_executing);
+    connect(executor_.get(), &CommandExecutor::StatusChanged, this, &PublishForm::show_soon);
+    connect(executor_.get(), &CommandExecutor::Executing, this, [this](const QString& command, int pending) {
+        command_ = command;
+        pending_ = pending;
+        show_soon();
+    });
     connect(executor_.get(), &CommandExecutor::Answered, this, [this](const QString& command) {
         if (command == u"DIR" && Inet1_->ResponseCode() == kFine) riempi_lista();
     });
@@ -233,11 +255,6 @@ void PublishForm::close_line() {
     remote_->show_names({}, {});
     hint({});
     show_situation();
-}
-
-void PublishForm::show_line() {
-    connection_->show_status(executor_->status());
-    if (!Inet1_->RemoteFolder().isEmpty()) connection_->show_protection(Inet1_->Protection());
 }
 
 /// Connects to the server and goes to the Website's folder.

@@ -115,7 +115,6 @@ class PublishForm : public QDialog {
     void connection_failed(const TaskEnd& end);
     [[nodiscard]] bool trusts_server();
     [[nodiscard]] bool is_connected() const { return executor_ && executor_->ready(); }
-    void show_line();
     // publishing
     void publish(const QString& only);
     void verify();
@@ -133,7 +132,8 @@ class PublishForm : public QDialog {
     void leave(const QString& result);
     void close_now();
     void show_situation();
-    void show_executing(const QString& command, int pending);
+    void show_soon();
+    void show_live();
     void open_website();
 
     Workbench& workbench_;
@@ -158,7 +158,10 @@ class PublishForm : public QDialog {
     bool working_ = false;
     bool stop_ = false;
     QString stage_;
-    QString closing_;  ///< the result with which the dialog closes when the work has ended
+    QString command_;  ///< the one at work
+    int pending_ = 0;
+    QElapsedTimer shown_;  ///< since the state and the command were shown
+    QString closing_;      ///< the result with which the dialog closes when the work has ended
     QString closed_by_;
     std::function<void()> then_;
     std::function<void(const TaskEnd&)> failed_;
