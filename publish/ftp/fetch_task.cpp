@@ -3,8 +3,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
-
 #include "base/files.h"
 #include "publish/ftp/verify_task.h"
 #include "publish/transfer/remote_name.h"
@@ -42,14 +40,18 @@ void FetchTask::next_turn(CommandStack& stack, const QString& folder) {
     QStringList commands;
     if (folder != remote_folder_) commands << command_text(u"CD"_s, remote_folder_);
     const QDir website(website_folder_);
-    running_ = waiting_.first(std::min<qsizetype>(waiting_.size(), stack.room() - commands.size()));
-    waiting_.remove(0, running_.size());
-    for (const QString& path : std::as_const(running_)) {
+    running_.clear();
+    while (!waiting_.isEmpty() && commands.size() < stack.room()) {
+        const QString path = waiting_.takeFirst();
         const QString local = website.filePath(path);
-        // Where the folder cannot be made the file's own fault tells why.
-        (void)create_folders(QFileInfo(local).path());
+        if (const FileResult<void> made = create_folders(QFileInfo(local).path()); !made) {
+            refused_ << RefusedFile{.path = path, .reply = fault_sentence(made.error())};
+            continue;
+        }
+        running_ << path;
         commands << command_text(u"GET"_s, path, local);
     }
+    if (running_.isEmpty()) return;
     stack.push_in_running_order(commands);
 }
 

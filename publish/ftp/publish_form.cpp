@@ -65,7 +65,7 @@ PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_
 
 PublishForm::~PublishForm() {
     executor_.reset();
-    if (publication_) (void)publication_->close();
+    close_publication();
 }
 
 void PublishForm::build(QWidget* login_fields) {
