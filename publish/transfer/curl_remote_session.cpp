@@ -28,8 +28,13 @@ void CurlRemoteSession::opened(const QByteArray& home) {
 
 QByteArray CurlRemoteSession::wire(const QString& path) const {
     QByteArrayList parts;
-    for (const QString& part : path.split(u'/')) parts << wire_names_.value(part, part.toUtf8());
-    return parts.join('/');
+    QString so_far;
+    for (const QString& part : path.split(u'/', Qt::SkipEmptyParts)) {
+        so_far += u'/' + part;
+        parts << wire_names_.value(so_far, part.toUtf8());
+    }
+    const QByteArray end = path.endsWith(u'/') && !parts.isEmpty() ? "/" : "";
+    return '/' + parts.join('/') + end;
 }
 
 QByteArray CurlRemoteSession::url_path(const QString& path) const {
@@ -61,7 +66,7 @@ void CurlRemoteSession::discard(const QString& path) {
     if (open()) std::ignore = remove_file(path);
 }
 
-TransferResult<RemoteListing> CurlRemoteSession::list_by(CurlRequest request) {
+TransferResult<RemoteListing> CurlRemoteSession::list_by(const QString& folder, CurlRequest request) {
     QByteArray bytes;
     request.sink = [&bytes](const char* part, qint64 count) {
         bytes.append(part, count);
@@ -70,8 +75,13 @@ TransferResult<RemoteListing> CurlRemoteSession::list_by(CurlRequest request) {
     const CurlAnswer answer = curl_.perform(request);
     if (const TransferResult<void> result = result_of(answer); !result) return std::unexpected(result.error());
     RemoteListing listing = parse_listing(bytes);
-    for (const RemoteEntry& entry : std::as_const(listing.entries))
-        if (entry.wire_name != entry.name.toUtf8()) wire_names_.insert(entry.name, entry.wire_name);
+    for (const RemoteEntry& entry : std::as_const(listing.entries)) {
+        const QString path = resolve_remote(folder, entry.name);
+        if (entry.wire_name == entry.name.toUtf8())
+            wire_names_.remove(path);
+        else
+            wire_names_.insert(path, entry.wire_name);
+    }
     return listing;
 }
 

@@ -34,8 +34,8 @@ class CurlRemoteSession : public RemoteSession {
     [[nodiscard]] CurlSession& curl() { return curl_; }
     /// The login has succeeded and led to `home`, in the server's bytes.
     void opened(const QByteArray& home);
-    /// Does a request that lists a folder.
-    [[nodiscard]] TransferResult<RemoteListing> list_by(CurlRequest request);
+    /// Does a request that lists `folder`.
+    [[nodiscard]] TransferResult<RemoteListing> list_by(const QString& folder, CurlRequest request);
     /// A path as it stands in a request, percent-encoded.
     [[nodiscard]] QByteArray url_path(const QString& path) const;
     [[nodiscard]] QByteArray url_folder(const QString& folder) const;
@@ -59,7 +59,7 @@ class CurlRemoteSession : public RemoteSession {
     QString home_;
     bool was_open_ = false;
     Renaming renaming_ = Renaming::kOverFiles;
-    QHash<QString, QByteArray> wire_names_;  ///< names that a listing brought in other bytes than UTF-8
+    QHash<QString, QByteArray> wire_names_;  ///< by path: the last names of those that listings brought in other bytes
 };
 
 }  // namespace pondera

@@ -48,7 +48,8 @@ QByteArrayList FtpSession::commands_for(RemoteChange change, const QByteArray& p
 }
 
 TransferResult<RemoteListing> FtpSession::list(const QString& folder) {
-    return list_by({.path = url_folder(folder), .enter_folder = true, .listing = machine_listings_ ? "MLSD" : "LIST"});
+    return list_by(folder,
+                   {.path = url_folder(folder), .enter_folder = true, .listing = machine_listings_ ? "MLSD" : "LIST"});
 }
 
 TransferResult<void> FtpSession::enter(const QString& folder) {

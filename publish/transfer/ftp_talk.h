@@ -26,6 +26,8 @@ class FtpTalk {
     [[nodiscard]] const FtpReply* reply_to(const QByteArray& verb) const;
     /// The last reply that is whole; nullptr when there is none.
     [[nodiscard]] const FtpReply* last() const;
+    /// Whether the last command was not answered.
+    [[nodiscard]] bool waiting() const { return !replies_.isEmpty() && replies_.constLast().code == 0; }
     /// Whether the server said that it closes the connection (421).
     [[nodiscard]] bool closing() const;
     /// Whether the server says more than any server does, so that it is not listened to any longer.

@@ -63,6 +63,11 @@ std::optional<RemoteEntry> windows_entry(const Line& line) {
     return entry;
 }
 
+/// A name's characters. What looks like a byte order mark is none within a text, and names have none.
+QString name_of(const QByteArray& wire_name) {
+    return decode_text('-' + wire_name).text.sliced(1);
+}
+
 }  // namespace
 
 RemoteListing parse_listing(const QByteArray& bytes) {
@@ -78,7 +83,7 @@ RemoteListing parse_listing(const QByteArray& bytes) {
         if (!entry) entry = unix_entry(text);
         if (!entry) entry = windows_entry(text);
         if (!entry) continue;
-        entry->name = decode_text(entry->wire_name).text;
+        entry->name = name_of(entry->wire_name);
         if (is_plain_name(entry->name) && !is_temporary_name(entry->name)) listing.entries << *entry;
     }
     return listing;

@@ -34,7 +34,7 @@ QByteArrayList SftpSession::commands_for(RemoteChange change, const QByteArray& 
 }
 
 TransferResult<RemoteListing> SftpSession::list(const QString& folder) {
-    return list_by({.path = url_folder(folder)});
+    return list_by(folder, {.path = url_folder(folder)});
 }
 
 /// The protocol knows no current folder: one whose entries can be told can be entered.

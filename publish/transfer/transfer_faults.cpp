@@ -122,8 +122,8 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
             return std::unexpected(fault(kCertificateNotTrusted));
         default:
             if (answer.ssh.spoken) return std::unexpected(fault_of_ssh(answer));
-            // What the server refused says more than what libcurl could not do therefore.
-            if (refused_reply != nullptr) return std::unexpected(refused(*refused_reply));
+            // What the server refused says more than what libcurl could not do therefore, unless it went on after that.
+            if (refused_reply != nullptr && !answer.talk.waiting()) return std::unexpected(refused(*refused_reply));
             return std::unexpected(ended(answer));
     }
 }

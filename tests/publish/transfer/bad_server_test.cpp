@@ -70,6 +70,13 @@ TEST_F(BadServers, BrokenConnectionsAreBuiltAgain) {
     EXPECT_EQ(control.run(u"GET page.htm "_s + copy), kFine);
     EXPECT_EQ(site.bytes(u"copy.htm"_s).size(), 200'000);
     EXPECT_EQ(server.sessions, 6);
+    // What was refused before the break does not stand for it.
+    server.instead = [first = true](const QByteArray& line) mutable -> std::optional<QByteArray> {
+        if (line.startsWith("SIZE")) return "502 not here";
+        return line.startsWith("RETR") && std::exchange(first, false) ? std::optional<QByteArray>("hang up")
+                                                                      : std::nullopt;
+    };
+    EXPECT_EQ(control.run(u"GET page.htm "_s + copy), kFine) << control.inet.ResponseInfo().toStdString();
 }
 
 TEST_F(BadServers, HalfAFileLeavesTheLocalOneAsItWas) {
@@ -204,6 +211,8 @@ TEST_F(BadServers, Listings) {
     // A name of an old server is sent back in the server's own bytes.
     EXPECT_EQ(machine.run(u"DELETE caffè.htm"_s), kServerAnsweredError);
     EXPECT_EQ(server.commands.last(), "DELE /home/caff\xe8.htm");
+    EXPECT_EQ(machine.run(u"DELETE /www/caffè.htm"_s), kServerAnsweredError);
+    EXPECT_EQ(server.commands.last(), "DELE /www/caff\xc3\xa8.htm");
 }
 
 TEST_F(BadServers, NoPasswordWithoutTheProtectionThatWasWished) {

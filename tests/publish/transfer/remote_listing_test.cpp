@@ -55,7 +55,7 @@ TEST(RemoteListing, NamesThatLeadOutsideAreNeverOffered) {
     for (const QByteArray& name :
          {QByteArray("../../evil.htm"), QByteArray("/etc/passwd"), QByteArray("a/b"), QByteArray("..\\evil"),
           QByteArray("C:evil"), QByteArray("a\rDELE b"), QByteArray("a\0b", 3), QByteArray("a\x7f"),
-          QByteArray(10'000, 'x'), QByteArray(256, 'x')}) {
+          QByteArray("\xff\xfe\x0d\x41\x41\x42"), QByteArray(10'000, 'x'), QByteArray(256, 'x')}) {
         EXPECT_THAT(read("-rw-r--r-- 1 0 0 7 Jan 02 12:00 " + name + "\n"), ElementsAre())
             << name.left(20).toStdString();
         EXPECT_THAT(read("type=file;size=1; " + name + "\n"), ElementsAre()) << name.left(20).toStdString();
