@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "publish/cdrom/multimedia_package.h"
+#include "workbench/bar_steps.h"
 #include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
@@ -84,22 +85,18 @@ void frm_player::accept() {
     if (!prepare_()) return;
     set_running(true);
     const MultimediaEnd end =
-        create_multimedia(workbench_.roots(), workbench_.website(), root(), [this](int done, int total) {
-            progress_->setMaximum(total);
-            progress_->setValue(done);
-            QCoreApplication::processEvents();
-            return !cancelled_;
-        });
+        create_multimedia(workbench_.roots(), workbench_.website(), root(), steps_of_bar(*progress_, cancelled_));
     set_running(false);
     if (end.cancelled) return QDialog::reject();
     if (end.success()) {
+        progress_->setValue(progress_->maximum());
         workbench_.prompts().tell(multimedia_success(multimedia_folders(root(), workbench_.website())),
                                   MessageIcon::kInformation);
         return QDialog::accept();
     }
     progress_->setValue(0);
-    workbench_.prompts().tell(u"The Multimedia is not complete.\n\n"_s + end.faults.join(u"\n\n"_s),
-                              MessageIcon::kCritical);
+    const QStringList said = end.faults + QStringList{u"The Multimedia is not complete."_s};
+    workbench_.prompts().tell(said.join(u"\n\n"_s), MessageIcon::kCritical);
 }
 
 void frm_player::reject() {

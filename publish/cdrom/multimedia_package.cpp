@@ -23,6 +23,7 @@ class Making {
         : roots_(roots),
           website_(std::move(website)),
           folders_(multimedia_folders(drive_root, website_)),
+          place_file_(QDir(drive_root) == QDir(roots.drive_root()) ? PlaceFile::kAtOnce : PlaceFile::kOnceOnDisk),
           support_(support_files(website_)),
           own_steps_(kFolders + static_cast<int>(support_.size())),
           website_steps_(static_cast<int>(published_files(roots.website(website_)).value_or(QStringList()).size())),
@@ -74,7 +75,7 @@ class Making {
             return go_on(steps_, done_, own_steps_ + website_steps_);
         };
         const auto published =
-            publish_to_folder(roots_, website_, folders_.package, PublicationMode::kTotal, true, on_step);
+            publish_to_folder(roots_, website_, folders_.package, PublicationMode::kTotal, true, on_step, place_file_);
         if (!published)
             end_.faults += u"Errore nella copia dei files.\n"_s + fault_sentence(published.error());
         else
@@ -86,6 +87,7 @@ class Making {
     const Roots& roots_;
     QString website_;
     MultimediaFolders folders_;
+    PlaceFile place_file_;
     QList<SupportFile> support_;
     int own_steps_;
     int website_steps_;

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "publish/folder/folder_summary.h"
+#include "workbench/bar_steps.h"
 #include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
@@ -16,7 +17,6 @@ namespace {
 const QString kTitle = u"Publish to a Folder"_s;
 constexpr auto kFolderSetting = "Publish/Folder of "_L1;
 constexpr int kWidth = 520;
-constexpr qint64 kPaintEvery = 30;  // milliseconds
 
 QLabel* text_label(const QString& name, int lines) {
     auto* label = new QLabel;
@@ -127,14 +127,14 @@ void Frm_Pubblica_Cartella::browse() {
 }
 
 void Frm_Pubblica_Cartella::show_place() {
-    const bool usable = refusal_of_folder(workbench_.roots(), folder()).isEmpty();
+    const bool usable = refusal_of_folder(workbench_.roots(), workbench_.website(), folder()).isEmpty();
     note_->setText(usable ? u"The Website will be in %1"_s.arg(
                                 QDir::toNativeSeparators(QDir(folder()).filePath(workbench_.website())))
                           : QString());
 }
 
 bool Frm_Pubblica_Cartella::may_publish(const QString& folder) {
-    const QString refusal = refusal_of_folder(workbench_.roots(), folder);
+    const QString refusal = refusal_of_folder(workbench_.roots(), workbench_.website(), folder);
     if (!refusal.isEmpty()) {
         workbench_.prompts().tell(refusal);
         path_->setFocus();
@@ -159,24 +159,10 @@ void Frm_Pubblica_Cartella::reject() {
 void Frm_Pubblica_Cartella::publish(const QString& folder) {
     set_running(true);
     const auto mode = changed_->isChecked() ? PublicationMode::kPartial : PublicationMode::kTotal;
-    const auto published =
-        publish_to_folder(workbench_.roots(), workbench_.website(), folder, mode, remove_->isChecked(), steps());
+    const auto published = publish_to_folder(workbench_.roots(), workbench_.website(), folder, mode,
+                                             remove_->isChecked(), steps_of_bar(*bar_, cancelled_));
     set_running(false);
     show_result(folder, published);
-}
-
-Steps Frm_Pubblica_Cartella::steps() {
-    auto since_painted = std::make_shared<QElapsedTimer>();
-    since_painted->start();
-    return [this, since_painted](int done, int total) {
-        bar_->setRange(0, std::max(total, 1));
-        bar_->setValue(done);
-        if (since_painted->elapsed() >= kPaintEvery) {
-            QCoreApplication::processEvents();
-            since_painted->restart();
-        }
-        return !cancelled_;
-    };
 }
 
 void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<FolderPublication>& published) {

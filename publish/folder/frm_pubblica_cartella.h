@@ -43,7 +43,6 @@ class Frm_Pubblica_Cartella : public QDialog {
     void publish(const QString& folder);
     void show_result(const QString& folder, const FileResult<FolderPublication>& published);
     void set_running(bool running);
-    [[nodiscard]] Steps steps();
 
     Workbench& workbench_;
     Prepare prepare_;

@@ -41,11 +41,23 @@ bool holds(const QString& path, const QByteArray& checksum) {
     return found.result() == checksum;
 }
 
+/// Whether a path, links on the way resolved, is that of a folder or leads into it. Nothing lies in what is missing.
+bool lies_in(const QString& path, const QString& folder) {
+    const QString real_path = QFileInfo(path).canonicalFilePath();
+    const QString real_folder = QFileInfo(folder).canonicalFilePath();
+    return !real_path.isEmpty() && !real_folder.isEmpty() &&
+           (real_path + u'/').startsWith(real_folder + u'/', Qt::CaseInsensitive);
+}
+
 /// One publication to a folder.
 class Publication {
   public:
-    Publication(const Roots& roots, QString website, const QString& folder, const Steps& steps)
-        : roots_(roots), website_(std::move(website)), target_(QDir(folder).filePath(website_)), steps_(steps) {}
+    Publication(const Roots& roots, QString website, const QString& folder, const Steps& steps, PlaceFile place_file)
+        : roots_(roots),
+          website_(std::move(website)),
+          target_(QDir(folder).filePath(website_)),
+          steps_(steps),
+          place_file_(place_file) {}
 
     FileResult<FolderPublication> run(PublicationMode mode, bool remove_deleted) {
         const Steps first_half = [this](int done, int total) {
@@ -152,13 +164,14 @@ class Publication {
         return record.confirm(file);
     }
 
-    /// Gives a whole file its name, once the disk has it.
+    /// Gives a whole file its time and its name.
     [[nodiscard]] FileResult<void> place(const QString& temporary, const PublishedFile& file) const {
         QFile written(temporary);
         if (!written.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
             return std::unexpected(file_error_of(written));
         written.setFileTime(file.modified, QFileDevice::FileModificationTime);
-        if (auto on_disk = write_through(written); !on_disk) return on_disk;
+        if (place_file_ == PlaceFile::kOnceOnDisk)
+            if (auto on_disk = write_through(written); !on_disk) return on_disk;
         written.close();
         return renamed(temporary, target_.filePath(file.path));
     }
@@ -167,6 +180,7 @@ class Publication {
     QString website_;
     QDir target_;
     const Steps& steps_;
+    PlaceFile place_file_;
     int files_ = 0;
     int done_ = 0;
     int total_ = 0;
@@ -175,22 +189,23 @@ class Publication {
 
 }  // namespace
 
-QString refusal_of_folder(const Roots& roots, const QString& folder) {
+QString refusal_of_folder(const Roots& roots, const QString& website, const QString& folder) {
     if (!QDir::isAbsolutePath(folder)) return u"Choose the folder to publish to."_s;
     const QFileInfo info(folder);
     const QString shown = QDir::toNativeSeparators(QDir::cleanPath(folder));
     if (!info.exists()) return u"The folder %1 does not exist."_s.arg(shown);
     if (!info.isDir()) return u"%1 is a file, not a folder."_s.arg(shown);
-    const QString websites = QFileInfo(roots.websites()).canonicalFilePath();
-    if ((info.canonicalFilePath() + u'/').startsWith(websites + u'/', Qt::CaseInsensitive))
+    const QString place = QDir(folder).filePath(website);
+    if (lies_in(folder, roots.websites()) || lies_in(place, roots.websites()) || lies_in(roots.websites(), place))
         return u"Choose a place outside of the folder of your Websites."_s;
     if (!info.isWritable()) return u"The folder %1 cannot be written to."_s.arg(shown);
     return {};
 }
 
 FileResult<FolderPublication> publish_to_folder(const Roots& roots, const QString& website, const QString& folder,
-                                                PublicationMode mode, bool remove_deleted, const Steps& steps) {
-    return Publication(roots, website, folder, steps).run(mode, remove_deleted);
+                                                PublicationMode mode, bool remove_deleted, const Steps& steps,
+                                                PlaceFile place_file) {
+    return Publication(roots, website, folder, steps, place_file).run(mode, remove_deleted);
 }
 
 }  // namespace pondera

@@ -106,17 +106,22 @@ TEST_F(FolderPublications, FaultsOfTheMedium) {
     ASSERT_TRUE(disk.make_read_only());
     put(u"_4_A.htm"_s, "again");
     EXPECT_EQ(to_disk().error().number, FaultNumber::kPermissionDenied);
-    EXPECT_THAT(refusal_of_folder(roots, disk.file({})).toStdString(), testing::EndsWith("cannot be written to."));
+    EXPECT_THAT(refusal_of_folder(roots, u"Shop"_s, disk.file({})).toStdString(),
+                testing::EndsWith("cannot be written to."));
 }
 
+/// Each row is the folder and the Website's name.
 TEST_F(FolderPublications, RefusedFolders) {
-    const auto refusal = [&](const QString& folder) {
-        return refusal_of_folder(roots, home.path(folder)).remove(home.path() + u'/');
+    const auto refusal = [&](const QString& row) {
+        const QString folder = home.path(row.section(u' ', 0, 0));
+        return refusal_of_folder(roots, row.section(u' ', 1), folder).remove(home.path() + u'/');
     };
     ASSERT_TRUE(QFile::link(roots.websites(), home.path(u"link"_s)));
-    expect_results(refusal, {u"stick | base → ", u"no → The folder no does not exist.",
-                             u"base/Pondera/Shop/index.htm → base/Pondera/Shop/index.htm is a file, not a folder.",
-                             u"base/Pondera/Shop | link → Choose a place outside of the folder of your Websites."});
+    ASSERT_TRUE(QFile::link(roots.website(u"Shop"_s), stick(u"Linked"_s)));
+    expect_results(refusal, {u"stick Shop | base Shop → ", u"no Shop → The folder no does not exist.",
+                             u"base/Pondera/Shop/index.htm x → base/Pondera/Shop/index.htm is a file, not a folder.",
+                             u"base/Pondera/Shop x | link Shop | base Pondera | stick Linked → "
+                             "Choose a place outside of the folder of your Websites."});
 }
 
 }  // namespace pondera
