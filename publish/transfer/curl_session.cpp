@@ -108,7 +108,7 @@ void CurlSession::configure_ftp(const CurlRequest& request) {
     const auto silence = std::chrono::ceil<std::chrono::seconds>(waits_.silence).count();
     set(CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(silence));
 
-    set(CURLOPT_USE_SSL, protection_level(login_.protection));
+    set(CURLOPT_USE_SSL, protection_level_);
     // With TLS 1.3 the end of an upload is lost with some servers.
     set(CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2} | long{CURL_SSLVERSION_MAX_TLSv1_2});
     // One file of authorities instead of a folder of them is read once a session, not once a connection.
@@ -132,7 +132,11 @@ void CurlSession::configure_sftp() {
 }
 
 CurlAnswer CurlSession::perform(const CurlRequest& request) {
-    if (multi_ == nullptr) multi_ = curl_multi_init();
+    if (multi_ == nullptr) {
+        multi_ = curl_multi_init();
+        protection_level_ =
+            std::max(protection_level(login_.protection), long{was_protected_ ? CURLUSESSL_CONTROL : CURLUSESSL_NONE});
+    }
     configure(request);
     // With "*" a refused FTP command is an answer like any other; without, libcurl ends the connection. In SFTP the
     // result alone tells.
@@ -173,6 +177,7 @@ CurlAnswer CurlSession::perform(const CurlRequest& request) {
         const QByteArray& first = request.afterwards.first();
         answer.afterwards_begun = answer.talk.reply_to(first.first(first.indexOf(' '))) != nullptr;
     }
+    was_protected_ = was_protected_ || (answer.result == CURLE_OK && protection_.encrypted);
     if (control_socket_ < 0) drop();
     if (answer.result == CURLE_PEER_FAILED_VERIFICATION)
         note_doubt();

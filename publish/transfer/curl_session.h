@@ -99,7 +99,9 @@ class CurlSession {
     CURLM* multi_ = nullptr;
     CURL* easy_ = nullptr;
     int control_socket_ = -1;
-    bool hung_up_ = false;  ///< the server has closed a connection since the request began
+    bool was_protected_ = false;  ///< a login went over a protected line: none goes over an open one after it
+    long protection_level_ = 0;   ///< libcurl's, one for all requests of a connection
+    bool hung_up_ = false;        ///< the server has closed a connection since the request began
 };
 
 }  // namespace pondera
