@@ -41,6 +41,17 @@ void HostMemory::set_protection(ProtectionWish wish) {
         settings_.setValue(key(u"Protection"_s), wish == ProtectionWish::kRequired ? kRequired : kNone);
 }
 
+bool HostMemory::was_protected() const {
+    return settings_.value(key(u"Protected"_s), false).toBool();
+}
+
+void HostMemory::set_protected(bool protected_line) {
+    if (protected_line)
+        settings_.setValue(key(u"Protected"_s), true);
+    else
+        settings_.remove(key(u"Protected"_s));
+}
+
 QByteArray HostMemory::trusted() const {
     return settings_.value(key(u"Certificate"_s)).toString().toLatin1();
 }

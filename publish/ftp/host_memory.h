@@ -18,6 +18,11 @@ class HostMemory {
     [[nodiscard]] ProtectionWish protection() const;
     void set_protection(ProtectionWish wish);
 
+    /// Whether the line to it, with the files, was protected the last time. One that is not any more is a sign that
+    /// somebody stands between.
+    [[nodiscard]] bool was_protected() const;
+    void set_protected(bool protected_line);
+
     /// The fingerprint of the certificate or host key that the person trusts; empty for none.
     [[nodiscard]] QByteArray trusted() const;
     void trust(const QByteArray& fingerprint);

@@ -45,7 +45,13 @@ QString advice(int code) {
 
 QString plain_words(const TaskEnd& end) {
     const QString what_to_do = advice(end.code);
-    return what_to_do.isEmpty() ? end.text : end.text + u'\n' + what_to_do;
+    return what_to_do.isEmpty() ? brief(end.text) : brief(end.text) + u'\n' + what_to_do;
+}
+
+QString brief(const QString& reply) {
+    constexpr qsizetype kLongest = 180;
+    const QString line = reply.simplified();
+    return line.size() <= kLongest ? line : line.first(kLongest) + u'…';
 }
 
 QString protection_words(const LineProtection& protection) {
@@ -55,6 +61,13 @@ QString protection_words(const LineProtection& protection) {
     if (protection.protocol == u"SSH") return u"Protected (SSH), the server is the one that you trust"_s;
     return protection.verified ? u"Protected (TLS), certificate verified"_s
                                : u"Protected (TLS), with the certificate that you trust"_s;
+}
+
+QString open_line_question(const QString& host) {
+    return u"WARNING: until now the connection to the server \"%1\" was protected. Today the server offers no "
+           "protection.\n\nSomebody may be trying to read your password, which was not sent yet. Say No and try again "
+           "later, unless your provider has told you of the change.\n\n"
+           "Do you want to send password and files in the open from now on?"_s.arg(host);
 }
 
 QString trust_question(const QString& host, const LineProtection& protection, const QByteArray& before) {

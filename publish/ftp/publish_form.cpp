@@ -243,8 +243,11 @@ void PublishForm::open_line() {
     Inet1_->set_host(session_.host);
     Inet1_->set_user(session_.user);
     Inet1_->set_password(session_.password);
-    Inet1_->set_protection(session_.protection);
-    Inet1_->trust_certificate(HostMemory(workbench_.settings(), session_.host).trusted());
+    const HostMemory memory(workbench_.settings(), session_.host);
+    // What was protected once stays so, unless the person says otherwise: the password must not go out before.
+    expects_protection_ = session_.protection == ProtectionWish::kWhenOffered && memory.was_protected();
+    Inet1_->set_protection(expects_protection_ ? ProtectionWish::kRequired : session_.protection);
+    Inet1_->trust_certificate(memory.trusted());
     Inet1_->set_local_root(workbench_.website_folder());
 }
 
@@ -277,6 +280,7 @@ void PublishForm::try_connecting() {
 void PublishForm::connection_failed(const TaskEnd& end) {
     if (end.how == TaskEnd::How::kCancelled) return finish_work(u"Stopped."_s, Tone::kPlain);
     if (end.code == kCertificateNotTrusted && trusts_server()) return try_connecting();
+    if (end.code == kNoProtection && expects_protection_ && accepts_open_line()) return try_connecting();
     finish_work(plain_words(end), Tone::kBad);
     point_out(end.code);
 }
@@ -295,6 +299,19 @@ bool PublishForm::trusts_server() {
     return true;
 }
 
+/// Asks about a server that offers no protection any more.
+bool PublishForm::accepts_open_line() {
+    const Message question{.text = open_line_question(session_.host),
+                           .icon = MessageIcon::kCritical,
+                           .answers = {Answer::kNo, Answer::kYes},
+                           .title = {}};
+    if (workbench_.prompts().message(question) != Answer::kYes || stop_) return false;
+    HostMemory(workbench_.settings(), session_.host).set_protected(false);
+    expects_protection_ = false;
+    Inet1_->set_protection(session_.protection);
+    return true;
+}
+
 std::shared_ptr<ConnectTask> PublishForm::connect_task() {
     return std::make_shared<ConnectTask>(session_.way);
 }
@@ -305,13 +322,17 @@ void PublishForm::connected() {
     listing_.reset();
     site_ = {};
     if (connecting_->listed()) listing_ = site_ = connecting_->listing();
-    const QString known = HostMemory(workbench_.settings(), session_.host).address(remote_folder_);
+    HostMemory memory(workbench_.settings(), session_.host);
+    if (const LineProtection& line = Inet1_->Protection(); line.encrypted && line.files_encrypted)
+        memory.set_protected(true);
+    const QString known = memory.address(remote_folder_);
     options_->set_address(known.isEmpty() ? suggested_address() : known);
     const QString folder = session_.way.join(u'/');
     if (present_) return finish_work(u"The Website goes to the folder %1."_s.arg(folder), Tone::kPlain);
     remote_->show_names({}, {});
-    finish_work(u"The folder %1 is not on the server yet. It will be made when you publish."_s.arg(folder),
-                Tone::kPlain);
+    finish_work(
+        u"The folder %1 is not on the server yet, which is all right. It will be made when you publish."_s.arg(folder),
+        Tone::kPlain);
 }
 
 QStringList PublishForm::verified_folders() const {

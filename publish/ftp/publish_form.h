@@ -114,6 +114,7 @@ class PublishForm : public QDialog {
     void try_connecting();
     void connection_failed(const TaskEnd& end);
     [[nodiscard]] bool trusts_server();
+    [[nodiscard]] bool accepts_open_line();
     [[nodiscard]] bool is_connected() const { return executor_ && executor_->ready(); }
     // publishing
     void publish(const QString& only);
@@ -150,6 +151,7 @@ class PublishForm : public QDialog {
     QTimer Timer1_;  ///< hands over a command that waits although nothing runs
     QTimer Timer2_;  ///< shows how far the work is
     ServerLogin session_;
+    bool expects_protection_ = false;  ///< the line was protected the last time, and is wished to be so again
     QString remote_folder_;
     bool present_ = false;                  ///< the remote folder is there
     std::optional<RemoteListing> listing_;  ///< what it holds, as long as nothing was done since it was listed
