@@ -28,9 +28,10 @@ QStringList files_to_fetch(const RemoteFiles& found, const QString& website_fold
     return paths;
 }
 
-FetchTask::FetchTask(QString remote_folder, QString website_folder, QStringList paths)
+FetchTask::FetchTask(QString remote_folder, QString website_folder, QStringList paths, FetchBounds bounds)
     : remote_folder_(std::move(remote_folder)),
       website_folder_(std::move(website_folder)),
+      bounds_(bounds),
       waiting_(std::move(paths)),
       count_(waiting_.size()) {
 }
@@ -59,16 +60,24 @@ void FetchTask::answered(const CommandAnswer& answer, CommandStack& stack) {
     if (answer.command.startsWith(u"CD "_s)) {
         if (answer.fine()) return;
         stack.clear();
-        for (const QString& path : running_ + waiting_) refused_ << RefusedFile{.path = path, .reply = answer.text};
-        running_.clear();
-        waiting_.clear();
-        return;
+        return refuse_rest(answer.text);
     }
     const QString path = running_.takeFirst();
-    if (answer.fine())
-        fetched_ << path;
-    else
+    if (!answer.fine()) {
         refused_ << RefusedFile{.path = path, .reply = answer.text};
+        return;
+    }
+    fetched_ << path;
+    bytes_ += QFileInfo(QDir(website_folder_).filePath(path)).size();
+    if (fetched_.size() < bounds_.files && bytes_ < bounds_.bytes) return;
+    stack.clear();
+    refuse_rest(u"The server has more than can be the pictures and sounds of a Website."_s);
+}
+
+void FetchTask::refuse_rest(const QString& why) {
+    for (const QString& path : running_ + waiting_) refused_ << RefusedFile{.path = path, .reply = why};
+    running_.clear();
+    waiting_.clear();
 }
 
 }  // namespace pondera

@@ -121,6 +121,7 @@ void PublishForm::sent() {
     if (sending_) present_ = present_ || refused.size() < sending_->progress().files_done;
     if (whole) HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), false);
     remote_->show_names(remote_folder_, shown_names(site_));
+    if (whole) transfer_->show_steps(1, 1);
     finish_work(text, whole ? Tone::kGood : Tone::kBad);
     if (const QString address = browsable_address(options_->address()); whole && !address.isEmpty())
         link_->setText(u"Click here to go to the Website: <a href=\"%1\">%1</a>"_s.arg(address.toHtmlEscaped()));
@@ -136,7 +137,8 @@ QString PublishForm::summary() const {
         parts << counted(fetching_->fetched().size(), u"file fetched from the server"_s,
                          u"files fetched from the server"_s);
     if (fetching_ && !fetching_->refused().isEmpty())
-        parts << counted(fetching_->refused().size(), u"file could not be fetched"_s, u"files could not be fetched"_s);
+        parts << counted(fetching_->refused().size(), u"file could not be fetched"_s, u"files could not be fetched"_s) +
+                     u" (%1)"_s.arg(brief(fetching_->refused().constLast().reply));
     if (sending_) {
         const qsizetype files = sending_->progress().files_done - sending_->refused().size();
         const qsizetype removed = publication_->removals() - sending_->not_removed().size();
@@ -146,7 +148,7 @@ QString PublishForm::summary() const {
         if (!sending_->refused().isEmpty())
             parts << counted(sending_->refused().size(), u"file refused by the server"_s,
                              u"files refused by the server"_s);
-        if (!sending_->stopped_by().isEmpty()) return parts.join(u", "_s) + u'\n' + sending_->stopped_by();
+        if (!sending_->stopped_by().isEmpty()) return parts.join(u", "_s) + u'\n' + brief(sending_->stopped_by());
     }
     const QString done = sending_ ? u"Published."_s : u"Everything is up to date."_s;
     return parts.isEmpty() ? done : done + u'\n' + parts.join(u", "_s) + u'.';

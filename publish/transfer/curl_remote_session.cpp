@@ -91,6 +91,8 @@ TransferResult<void> CurlRemoteSession::fetch(const QString& path, IncomingFile&
         .path = url_path(path),
         .sink = [&](const char* part, qint64 count) { return written = file.write(part, count); },
     });
+    if (file.too_large())
+        return std::unexpected(TransferFault{.code = kServerAnsweredError, .text = u"The file is larger than 1 GB."_s});
     if (!written) return std::unexpected(local_fault(file.error()));
     return result_of(answer);
 }

@@ -39,9 +39,12 @@ class IncomingFile {
     [[nodiscard]] bool write(const char* bytes, qint64 count);
     [[nodiscard]] FileResult<void> finish();
     [[nodiscard]] FileError error() const { return file_error_of(file_); }
+    /// Whether it has become larger than a file of a Website that is fetched can be; nothing more is written then.
+    [[nodiscard]] bool too_large() const { return too_large_; }
 
   private:
     QSaveFile file_;
+    bool too_large_ = false;
 };
 
 /// The local path that `name` means, which may be relative to `root`; nothing when it leads out of `root`, by ".." or
