@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "publish/ftp/field_pieces.h"
+#include "publish/ftp/plain_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,9 +19,9 @@ Frm_Rifiutati::Frm_Rifiutati(const QString& what, const QList<RefusedFile>& file
     list->setUniformRowHeights(true);
     list->setAlternatingRowColors(true);
     for (const RefusedFile& file : files) {
-        auto* item = new QTreeWidgetItem(list, {file.path, file.reply});
-        item->setToolTip(0, file.path);
-        item->setToolTip(1, file.reply);
+        auto* item = new QTreeWidgetItem(list, {file.path, brief(file.reply)});
+        item->setToolTip(0, plain_tip(file.path));
+        item->setToolTip(1, plain_tip(file.reply));
     }
     constexpr int kFileWidth = 240;
     list->setColumnWidth(0, kFileWidth);

@@ -41,7 +41,7 @@ void RemoteView::show_names(const QString& folder, const QStringList& names) {
     const int room = folder_->width() - folder_->fontMetrics().horizontalAdvance(count);
     folder_->setText(folder.isEmpty() ? QString()
                                       : folder_->fontMetrics().elidedText(folder, Qt::ElideLeft, room) + count);
-    folder_->setToolTip(folder);
+    folder_->setToolTip(plain_tip(folder));
     names_->clear();
     names_->addItems(names);
     // The home page is what one looks for first.

@@ -64,12 +64,15 @@ void TransferView::show_count(const QString& count, const QString& time_left) {
 
 void TransferView::set_running(bool running) {
     stop_->setEnabled(running);
-    if (running) return;
-    bar_->setRange(0, kBarSteps);
-    bar_->setValue(0);
     show_stage({});
     show_command({});
-    show_count({}, {});
+    if (running) {
+        show_count({}, {});
+    } else {
+        time_left_->clear();
+        // Bar and count stay as far as they came.
+        if (bar_->maximum() == 0) show_steps(0, 1);
+    }
 }
 
 }  // namespace pondera

@@ -20,7 +20,7 @@ class TransferView : public QWidget {
     void show_command(const QString& text);    ///< `lblProgress`
     void show_steps(qint64 done, qint64 all);  ///< `all` 0: nobody knows how much it is
     void show_count(const QString& count, const QString& time_left);
-    /// Whether something runs that can be stopped.
+    /// Whether something runs that can be stopped. Beginning clears what was shown; at the end bar and count stay.
     void set_running(bool running);
 
   signals:

@@ -130,6 +130,25 @@ TEST_P(PublicationOnServers, EmptyingLeavesTheFolderAndWhatIsSpared) {
     EXPECT_EQ(shop.publish(*shop.go({folder})), u"3 sent, 0 removed, fetched: ");
 }
 
+TEST(FetchTask, BringsNoMoreThanAWebsiteCanHave) {
+    const RealServer server(RealServer::Kind::kPyftpdlib);
+    Shop shop(server.host());
+    shop.control.inet.set_local_root(shop.roots.website(u"Shop"_s));
+    QStringList paths;
+    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s}) {
+        paths << u"media/img/"_s + name;
+        ASSERT_TRUE(create_folders(server.path(u"media/img"_s)) && write_file(server.path(paths.constLast()), "12345"));
+    }
+    for (const FetchBounds& bounds : {FetchBounds{.files = 2}, FetchBounds{.bytes = 6}}) {
+        shop.go({u"/"_s});
+        const auto task = std::make_shared<FetchTask>(u"/"_s, shop.roots.website(u"Shop"_s), paths, bounds);
+        shop.run(task);
+        EXPECT_EQ(task->fetched(), paths.first(2));
+        EXPECT_EQ(task->refused().size(), 1);
+        EXPECT_FALSE(QFileInfo::exists(shop.home.path(u"Pondera/Shop/media/img/c.jpg"_s)));
+    }
+}
+
 TEST(FtpPublication, WithNothingChangedTakesFewCommands) {
     BadServer server;
     server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {

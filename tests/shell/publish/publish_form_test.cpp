@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "publish/ftp/ftp_settings.h"
+#include "publish/ftp/host_memory.h"
 #include "publish/sending/publication_record.h"
 #include "tests/publish/transfer/bad_server.h"
 #include "tests/publish/transfer/real_server.h"
@@ -86,6 +87,9 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
         do_and_wait(form, u"cmdSel"_s);
         EXPECT_EQ(text(form, u"lblHint"_s), u"Published.\n4 files sent.");
         EXPECT_EQ(on_server(server, u"Vantiles/Shop"_s), all);
+        EXPECT_EQ(form.widget<QProgressBar>(u"ProgressBar1"_s).value(),
+                  form.widget<QProgressBar>(u"ProgressBar1"_s).maximum());
+        EXPECT_TRUE(text(form, u"lblCount"_s).startsWith(u"4 of 4 files"_s));
         EXPECT_EQ(form.entries(u"Remoto"_s), QStringList({u"_4_Trips.htm"_s, u"_x_Map.htm"_s, u"index.htm"_s}));
         EXPECT_TRUE(text(form, u"lblWebsite"_s).startsWith(u"Click here to go to the Website: "_s));
         form.photograph(u"publish_finished"_s);
@@ -170,6 +174,7 @@ TEST_F(PublishDialog, AServerThatCannotProveItselfIsTrustedOnceAndAnotherOneIsWa
         do_and_wait(form, u"Collegati"_s);
         EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
     });
+    EXPECT_TRUE(HostMemory(settings_, server.host()).was_protected());
     for (const QString& key : settings_.allKeys())
         if (key.endsWith(u"Certificate"_s)) settings_.setValue(key, u"00"_s);
     in_dialog([&](const FormHand& form) {
@@ -179,14 +184,61 @@ TEST_F(PublishDialog, AServerThatCannotProveItselfIsTrustedOnceAndAnotherOneIsWa
     });
 }
 
+TEST_F(PublishDialog, AServerThatWasProtectedGetsNoPasswordInTheOpenUnasked) {
+    BadServer server;
+    HostMemory(settings_, server.host()).set_protected(true);
+    const QString question = u"the server offers no protection"_s;
+    in_dialog([&](const FormHand& form) {
+        prompts_.expect_message(question, Answer::kNo);
+        log_in(form, server.host());
+        EXPECT_EQ(prompts_.messages().constLast().answers.constFirst(), Answer::kNo);
+        EXPECT_EQ(server.count("USER") + server.count("PASS"), 0);
+        prompts_.expect_message(question, Answer::kYes);
+        do_and_wait(form, u"Collegati"_s);
+        EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
+        do_and_wait(form, u"Collegati"_s);
+        do_and_wait(form, u"Collegati"_s);
+        EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
+    });
+}
+
+TEST_F(PublishDialog, StopEndsEveryStageBeforeTheSending) {
+    BadServer server;
+    bool hangs = false;
+    server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
+        return hangs && line.endsWith("media") ? std::optional<QByteArray>("") : std::nullopt;
+    };
+    in_dialog([&](const FormHand& form) {
+        // Verifying is stopped while the server says nothing, the others by their turns of the window.
+        for (const QString& stage : {u"Verify Files to send.."_s, u"Preparing the files.."_s, QString()}) {
+            log_in(form, server.host());
+            hangs = stage.isEmpty();
+            QTimer looks;
+            QObject::connect(&looks, &QTimer::timeout, [&] {
+                if (hangs ? server.count("CWD") == 0 : text(form, u"Prog_Etichetta"_s) != stage) return;
+                looks.stop();
+                form.click(u"cmdStop"_s);
+            });
+            server.commands.clear();
+            looks.start();
+            do_and_wait(form, u"cmdSel"_s);
+            EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"Stopped."_s)) << stage.toStdString();
+            EXPECT_EQ(server.count("STOR"), 0);
+            EXPECT_TRUE(QDir(roots_.ftp_folder()).isEmpty());
+            if (!hangs) do_and_wait(form, u"Collegati"_s);
+        }
+    });
+    EXPECT_FALSE(PublicationRecord::was_interrupted(shop()));
+}
+
 TEST_F(PublishDialog, WhatWasStoppedOrRefusedGoesOnTheNextTime) {
     BadServer server;
     bool hangs = true;
     server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
         if (line.startsWith("LIST")) return "451 no lists today";
         if (line.startsWith("STOR") && hangs && server.count("STOR") > 2) return "";
-        if (line.startsWith("RNTO") && !hangs && line.endsWith("index.htm")) return "553 not this one";
-        if (line.startsWith("STOR") && !hangs && line.endsWith("index.htm")) return "553 not this one";
+        if (line.startsWith("RNTO") && !hangs && line.endsWith("index.htm")) return "553 <b>not this one";
+        if (line.startsWith("STOR") && !hangs && line.endsWith("index.htm")) return "553 <b>not this one";
         return std::nullopt;
     };
     in_dialog([&](const FormHand& form) {
@@ -209,6 +261,7 @@ TEST_F(PublishDialog, WhatWasStoppedOrRefusedGoesOnTheNextTime) {
         do_and_wait(form, u"Collegati"_s);
         prompts_.expect_form(u"Frm_Rifiutati"_s, [](const FormHand& list) {
             EXPECT_EQ(list.entries(u"list"_s), QStringList(u"index.htm"_s));
+            EXPECT_TRUE(list.widget<QTreeWidget>(u"list"_s).topLevelItem(0)->toolTip(1).contains(u"&lt;b&gt;not"_s));
             list.photograph(u"publish_refused"_s).click(u"CancelButton"_s);
         });
         form.click(u"cmdSel"_s);
