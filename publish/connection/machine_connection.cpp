@@ -81,8 +81,8 @@ bool has_dial_up_networking() {
 
 }  // namespace
 
-MachineConnection::MachineConnection(QSettings& settings, Permission permission)
-    : settings_(settings), permission_(std::move(permission)) {
+MachineConnection::MachineConnection(QSettings& settings, Permission permission, LastResponse last_response)
+    : settings_(settings), permission_(std::move(permission)), last_response_(std::move(last_response)) {
 }
 
 bool MachineConnection::connected_state(ConnectedState& state) {
@@ -117,6 +117,10 @@ bool MachineConnection::go_online(const QString& url, quintptr parent_window) {
     if (!offline()) return succeeds();
     if (!permission_ || !permission_(url, parent_window)) return fails(kRefusedByPerson);
     return set_online(true);
+}
+
+std::optional<QString> MachineConnection::last_response() const {
+    return last_response_ ? last_response_() : std::nullopt;
 }
 
 NetworkPresence MachineConnection::IsNetworkAlive() const {

@@ -15,8 +15,11 @@ class MachineConnection : public InternetFunctions {
     /// Asks the person whether the program may go on line for an address.
     using Permission = std::function<bool(const QString& url, quintptr parent_window)>;
 
+    /// Reads the last words of a server; nothing when the last command went well.
+    using LastResponse = std::function<std::optional<QString>()>;
+
     /// `settings` must outlive it. Without `permission` nobody is asked and nothing permitted.
-    explicit MachineConnection(QSettings& settings, Permission permission = {});
+    explicit MachineConnection(QSettings& settings, Permission permission = {}, LastResponse last_response = {});
 
     bool connected_state(ConnectedState& state) override;
     bool set_online(bool online) override;
@@ -26,7 +29,7 @@ class MachineConnection : public InternetFunctions {
     bool autodial() override { return fails(kNotOnThisSystem); }
     bool autodial_hang_up() override { return fails(kNotOnThisSystem); }
     [[nodiscard]] int last_error() const override { return last_error_; }
-    [[nodiscard]] std::optional<QString> last_response() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<QString> last_response() const override;
     [[nodiscard]] NetworkPresence IsNetworkAlive() const override;
 
   private:
@@ -36,6 +39,7 @@ class MachineConnection : public InternetFunctions {
 
     QSettings& settings_;
     Permission permission_;
+    LastResponse last_response_;
     int last_error_ = 0;
 };
 

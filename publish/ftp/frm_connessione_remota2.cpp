@@ -111,7 +111,7 @@ QGroupBox* Frm_Connessione_Remota2::make_fields() {
     form->addRow(u"Pass&word"_s, password_);
     form->addRow(u"F&older"_s, txtSito_);
     form->addRow(QString(), folder_note_);
-    form->addRow(u"Prote&ction"_s, protection_);
+    form->addRow(u"Protect&ion"_s, protection_);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(chkSalvaDati_);
     bottom->addWidget(chkDeleteData_);

@@ -2,7 +2,9 @@
 
 #include <QtWidgets>
 
+#include "publish/connection/cwininet_connection.h"
 #include "publish/connection/ensure_connected.h"
+#include "publish/connection/machine_connection.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
 #include "publish/ftp/plain_words.h"
@@ -345,6 +347,14 @@ QString PublishForm::suggested_address() const {
 
 QStringList PublishForm::shown_names(const RemoteListing& listing) const {
     return listed_names(listing);
+}
+
+QString PublishForm::server_words() const {
+    MachineConnection machine(workbench_.settings(), {}, [this]() -> std::optional<QString> {
+        if (Inet1_->ResponseCode() != kServerAnsweredError) return std::nullopt;
+        return Inet1_->ResponseInfo();
+    });
+    return CWinInetConnection(machine).GetWinApiDesc(kServerAnsweredError);
 }
 
 /// Fills the list with the last listing.

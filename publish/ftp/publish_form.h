@@ -100,6 +100,8 @@ class PublishForm : public QDialog {
     /// Tells the fixed sentence and gives false unless a command of the person may start.
     bool may_start();
     void hint(const QString& text, Tone tone = Tone::kPlain);
+    /// The server's words when it refused the last command, else those of the Internet library for such a refusal.
+    [[nodiscard]] QString server_words() const;
     /// Points out that the last publication to a host, or to any (empty), did not finish.
     void point_out_unfinished(const QString& host);
 

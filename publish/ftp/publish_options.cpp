@@ -10,9 +10,9 @@ namespace pondera {
 
 PublishOptions::PublishOptions(QWidget* parent)
     : QGroupBox(u"Publish"_s, parent),
-      partial_(new QRadioButton(u"&Only what changed"_s)),
-      total_(new QRadioButton(u"The &whole Website"_s)),
-      remove_(new QCheckBox(u"Remove from the server what was &deleted from the Website"_s)),
+      partial_(new QRadioButton(u"O&nly what changed"_s)),
+      total_(new QRadioButton(u"The whole We&bsite"_s)),
+      remove_(new QCheckBox(u"Remo&ve from the server what was deleted from the Website"_s)),
       address_(new QLineEdit),
       publish_(plain_button(u"cmdSel"_s, u"&Publish"_s)) {
     partial_->setObjectName(u"optPartial"_s);
@@ -22,7 +22,7 @@ PublishOptions::PublishOptions(QWidget* parent)
     remove_->setChecked(true);
     address_->setObjectName(u"txtAddress"_s);
     address_->setToolTip(u"Where visitors find the Website; used for the link after publishing"_s);
-    auto* label = new QLabel(u"Web add&ress"_s);
+    auto* label = new QLabel(u"Web a&ddress"_s);
     label->setBuddy(address_);
     connect(publish_, &QPushButton::clicked, this, &PublishOptions::PublishAsked);
 

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "base/files.h"
 #include "base/roots.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
@@ -34,6 +35,7 @@ Frm_Connessione_Remota::Frm_Connessione_Remota(Workbench& workbench, HostingServ
     build(make_fields());
     if (const auto made = make_staging_folders(workbench.roots()); !made)
         hint(fault_sentence(made.error()), Tone::kBad);
+    (void)remove_file(account_copy_path(workbench.roots()));  // one that a program which ended in the middle left
     load_data();
     show_address();
     point_out_unfinished({});
@@ -47,6 +49,7 @@ void Frm_Connessione_Remota::name_fields() {
     Nome_Host_->addItem(service_.typed_host());
     Nome_Host_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     user_id_->setObjectName(u"user_id"_s);
+    address_note_->setMinimumHeight(address_note_->fontMetrics().lineSpacing());
     txtDomain_->setObjectName(u"txtDomain"_s);
     txtDomain_->setPlaceholderText(u"for example bakery"_s);
     chkSalvaDati_->setObjectName(u"chkSalvaDati"_s);
@@ -199,20 +202,24 @@ void Frm_Connessione_Remota::connected() {
 }
 
 void Frm_Connessione_Remota::refuse() {
+    const bool by_server = inet().ResponseCode() == kServerAnsweredError;
+    const QString said = by_server ? u"\nThe server says: "_s + server_words() : QString();
     finish_work({}, Tone::kBad);
     close_line();
     switch (account_->outcome()) {
         case AccountTask::Outcome::kNoWebRoot:
-            hint(
-                u"This server is not the one of the hosting service: it has no folder \"%1\"."_s.arg(service_.web_root),
-                Tone::kBad);
+            hint(u"This server is not the one of the hosting service: it has no folder \"%1\"."_s.arg(
+                     service_.web_root) +
+                     said,
+                 Tone::kBad);
             break;
         case AccountTask::Outcome::kNoLocalCopy:
             hint(u"The file %1 cannot be written or read."_s.arg(account_copy_path(workbench().roots())), Tone::kBad);
             break;
         default:
             workbench().prompts().tell(u"Incorrected data"_s);
-            hint(u"Look whether the sub-domain and its password are as the service gave them to you."_s, Tone::kBad);
+            hint(u"Look whether the sub-domain and its password are as the service gave them to you."_s + said,
+                 Tone::kBad);
             txtPassword_->setFocus();
             txtPassword_->selectAll();
     }

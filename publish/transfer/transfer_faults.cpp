@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "base/text_file.h"
+#include "publish/connection/win_inet_texts.h"
 #include "publish/transfer/ssh_faults.h"
 
 using namespace Qt::StringLiterals;
@@ -61,7 +62,7 @@ TransferFault fault(ResponseNumber number) {
         {kCertificateNotTrusted, u"The server cannot prove that it is the one it says it is."_s},
         {kNoProtection, u"The server offers no protected connection."_s},
     };
-    return {.code = number, .text = kSentences.value(number, u"An internal error has occurred."_s)};
+    return {.code = number, .text = kSentences.value(number, win_inet_text(number))};
 }
 
 TransferFault broken(ResponseNumber number) {

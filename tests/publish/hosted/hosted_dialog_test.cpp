@@ -112,6 +112,7 @@ TEST_F(HostedDialog, WrongDataLeaveNoConnection) {
         form.click(u"cmdSel"_s);
         prompts_.expect_message(u"Incorrected data"_s);
         log_in(form, u"nobody"_s, u"bread"_s);
+        EXPECT_THAT(text(form, u"lblHint"_s), Holds(u"The server says: 550 "_s));
 
         put(account_copy_path(roots_) + u"/folder"_s, "in its place");
         prompts_.expect_message(u"Error in deletion of temporary file!"_s);
