@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -11,6 +12,25 @@
 #include <gtest/gtest.h>
 
 namespace pondera {
+namespace {
+
+/// Every key with Alt does one thing in a form.
+void expect_keys_once(const QDialog& form) {
+    QHash<QKeySequence, QString> keys;
+    const auto note = [&](const QString& caption) {
+        const QKeySequence key = QKeySequence::mnemonic(caption);
+        if (key.isEmpty()) return;
+        EXPECT_FALSE(keys.contains(key)) << form.objectName().toStdString() << ": " << keys[key].toStdString() << ", "
+                                         << caption.toStdString();
+        keys[key] = caption;
+    };
+    for (const auto* button : form.findChildren<QAbstractButton*>())
+        if (button->isVisible()) note(button->text());
+    for (const auto* label : form.findChildren<QLabel*>())
+        if (label->isVisible() && label->buddy()) note(label->text());
+}
+
+}  // namespace
 
 std::string FormHand::missing(const QString& what) const {
     return u"the form %1 shows no %2"_s.arg(form_.objectName(), what).toStdString();
@@ -110,6 +130,7 @@ bool ScriptedPrompts::run(QDialog& form) {
     if (!step) return false;
     EXPECT_EQ(step->text, form.objectName());
     QTimer::singleShot(0, &form, [&] {
+        expect_keys_once(form);
         try {
             step->fill(FormHand(form));
         } catch (const std::runtime_error& error) {
