@@ -27,6 +27,18 @@ constexpr std::chrono::milliseconds kBetweenNudges{1000};
 constexpr std::chrono::milliseconds kBetweenLooks{250};
 constexpr qint64 kBetweenStates = 50;  // milliseconds
 
+/// `work` in an area that scrolls where the screen is too small for it, and follows the keyboard.
+QScrollArea* scrolling(QWidget* work) {
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(work);
+    QObject::connect(qApp, &QApplication::focusChanged, area, [area](const QWidget*, QWidget* now) {
+        if (now && area->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    });
+    return area;
+}
+
 }  // namespace
 
 PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_index)
@@ -86,8 +98,10 @@ void PublishForm::build(QWidget* login_fields) {
     bottom->addWidget(help);
     bottom->addWidget(cancel);
     bottom->addWidget(close);
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 14, 16, 14);
+    bottom->setContentsMargins(16, 0, 16, 14);
+    auto* work = new QWidget;
+    auto* grid = new QGridLayout(work);
+    grid->setContentsMargins(16, 14, 16, 10);
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(10);
     grid->addWidget(login_fields, 0, 0);
@@ -95,10 +109,14 @@ void PublishForm::build(QWidget* login_fields) {
     grid->addWidget(options_, 1, 0);
     grid->addWidget(remote_, 1, 1);
     grid->addWidget(transfer_, 2, 0, 1, 2);
-    grid->addLayout(bottom, 3, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(scrolling(work), 1);
+    layout->addLayout(bottom);
     resize(kSize);
     show_situation();
 }
