@@ -298,6 +298,7 @@ void PublishForm::try_connecting() {
 }
 
 void PublishForm::connection_failed(const TaskEnd& end) {
+    not_connected();
     if (end.how == TaskEnd::How::kCancelled) return finish_work(u"Stopped."_s, Tone::kPlain);
     if (end.code == kCertificateNotTrusted && trusts_server()) return try_connecting();
     if (end.code == kNoProtection && expects_protection_ && accepts_open_line()) return try_connecting();

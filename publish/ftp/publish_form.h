@@ -76,6 +76,8 @@ class PublishForm : public QDialog {
     virtual void point_out(int /*code*/) {}
     /// What connects: it goes to the Website's folder. Called once the session is set up.
     [[nodiscard]] virtual std::shared_ptr<ConnectTask> connect_task();
+    /// That task was stopped, or the line broke.
+    virtual void not_connected() {}
     /// That task has ended: the Website's folder on the server is known.
     virtual void connected();
     /// Leaves the server.

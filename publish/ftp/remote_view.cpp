@@ -13,6 +13,7 @@ RemoteView::RemoteView(QWidget* parent)
     names_->setObjectName(u"Remoto"_s);
     names_->setUniformItemSizes(true);
     names_->setAccessibleName(u"Files on the server"_s);
+    names_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     names_->setMinimumHeight(names_->fontMetrics().lineSpacing() * 4);
     folder_->setProperty("note", true);
     auto* refresh = plain_button(u"cmdUpdate"_s, u"&Refresh"_s);

@@ -192,9 +192,13 @@ std::shared_ptr<ConnectTask> Frm_Connessione_Remota::connect_task() {
     return account_;
 }
 
+void Frm_Connessione_Remota::drop_account_copy() {
+    if (!account_->remove_copy()) cancella_file(account_copy_path(workbench().roots()));
+}
+
 /// The account file was asked for.
 void Frm_Connessione_Remota::connected() {
-    if (!account_->remove_copy()) cancella_file(account_copy_path(workbench().roots()));
+    drop_account_copy();
     if (account_->outcome() != AccountTask::Outcome::kAccepted) return refuse();
     inet().set_local_root(workbench().website_folder());
     if (chkSalvaDati_->isChecked()) save_data();

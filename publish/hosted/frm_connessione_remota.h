@@ -25,6 +25,7 @@ class Frm_Connessione_Remota : public PublishForm {
     void set_login_enabled(bool enabled) override;
     void point_out(int code) override;
     [[nodiscard]] std::shared_ptr<ConnectTask> connect_task() override;
+    void not_connected() override { drop_account_copy(); }
     void connected() override;
     [[nodiscard]] QStringList verified_folders() const override;
     [[nodiscard]] EmptyTask::Spared spared() const override;
@@ -41,6 +42,7 @@ class Frm_Connessione_Remota : public PublishForm {
     void save_data();
     void delete_data();
     void show_address();
+    void drop_account_copy();
     void refuse();
 
     HostingService service_;

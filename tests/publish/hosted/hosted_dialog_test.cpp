@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "publish/hosted/hosted_login.h"
+#include "tests/publish/transfer/bad_server.h"
 #include "tests/publish/transfer/real_server.h"
 #include "tests/shell/window/window_fixture.h"
 #include "tests/support/folder_text.h"
@@ -44,9 +45,13 @@ class HostedDialog : public WindowFixture {
         EXPECT_TRUE(QTest::qWaitFor([&] { return form.widget<QAbstractButton>(u"Collegati"_s).isEnabled(); }, 30'000));
     }
 
-    static void log_in(const FormHand& form, const QString& domain, const QString& password) {
+    static void fill(const FormHand& form, const QString& domain, const QString& password) {
         form.type(u"user_id"_s, u"anonymous"_s).type(u"password"_s, u"secret"_s);
         form.type(u"txtDomain"_s, domain).type(u"txtPassword"_s, password);
+    }
+
+    static void log_in(const FormHand& form, const QString& domain, const QString& password) {
+        fill(form, domain, password);
         do_and_wait(form, u"Collegati"_s);
     }
 
@@ -126,6 +131,27 @@ TEST_F(HostedDialog, WrongDataLeaveNoConnection) {
         QDir(server_.path({})).rename(u"www"_s, u"public_html"_s);
     });
     EXPECT_EQ(text_of_folder(server_.path(u"public_html"_s)), before);
+}
+
+TEST_F(HostedDialog, AccountCopyIsItsOwnersAndGoesWhenThePersonStops) {
+    BadServer silent;
+    QFileDevice::Permissions seen;
+    silent.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
+        if (!line.startsWith("RETR")) return std::nullopt;
+        for (const QFileInfo& file : QDir(roots_.websites()).entryInfoList(QDir::Files | QDir::Hidden))
+            seen |= file.permissions();
+        return "";
+    };
+    in_dialog([&](const FormHand& form) {
+        fill(form.type(u"Nome_Host"_s, silent.host()), u"bakery"_s, u"bread"_s);
+        form.click(u"Collegati"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return silent.count("RETR") > 0; }) && has_copy());
+        do_and_wait(form, u"cmdStop"_s);
+        EXPECT_FALSE(has_copy());
+    });
+    EXPECT_EQ(silent.count("LIST"), 0);
+    EXPECT_TRUE(seen.testFlag(QFileDevice::ReadOwner));
+    EXPECT_FALSE(seen & (QFileDevice::ReadGroup | QFileDevice::ReadOther));
 }
 
 TEST_F(HostedDialog, DataAreKeptWithoutTheSubDomainsPasswordAndForgotten) {
