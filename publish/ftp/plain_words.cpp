@@ -35,8 +35,7 @@ QString advice(int code) {
         {kConnectionEnded, kOnceMore},
         {kConnectionReset, kOnceMore},
         {kFileChanged, u"Publish again."_s},
-        {kNoProtection,
-         u"With the protection \"when the server offers it\" the connection would be possible, but open."_s},
+        {kNoProtection, u"Your password was not sent. Ask your provider whether the server has protection (TLS)."_s},
     };
     return kAdvice.value(code);
 }

@@ -348,12 +348,16 @@ void PublishForm::connected() {
         memory.set_protected(true);
     const QString known = memory.address(remote_folder_);
     options_->set_address(known.isEmpty() ? suggested_address() : known);
-    const QString folder = session_.way.join(u'/');
-    if (present_) return finish_work(u"The Website goes to the folder %1."_s.arg(folder), Tone::kPlain);
+    if (present_)
+        return finish_work(u"The Website goes to the folder %1."_s.arg(session_.way.join(u'/')), Tone::kPlain);
+    finish_without_folder();
+}
+
+void PublishForm::finish_without_folder() {
     remote_->show_names({}, {});
-    finish_work(
-        u"The folder %1 is not on the server yet, which is all right. It will be made when you publish."_s.arg(folder),
-        Tone::kPlain);
+    finish_work(u"The folder %1 is not on the server yet, which is all right. It will be made when you publish."_s.arg(
+                    session_.way.join(u'/')),
+                Tone::kPlain);
 }
 
 QStringList PublishForm::verified_folders() const {

@@ -117,6 +117,7 @@ class PublishForm : public QDialog {
     void open_line();
     void try_connecting();
     void connection_failed(const TaskEnd& end);
+    void finish_without_folder();
     [[nodiscard]] bool trusts_server();
     [[nodiscard]] bool accepts_open_line();
     [[nodiscard]] bool is_connected() const { return executor_ && executor_->ready(); }
@@ -127,7 +128,7 @@ class PublishForm : public QDialog {
     void sent();
     void close_publication();
     void refresh();
-    void show_site(const std::function<void()>& then);
+    void show_site(const std::function<void()>& then, std::function<void(const TaskEnd&)> failed = {});
     void empty_server();
     [[nodiscard]] QString summary() const;
     [[nodiscard]] Steps steps();

@@ -108,7 +108,8 @@ void PublishForm::invio_cartella() {
     stage_ = u"Sending.."_s;
     time_left_ = {};
     sending_for_.start();
-    run(sending_, [this] { show_site([this] { sent(); }); });
+    // What was sent stays sent, whether it can be listed or not.
+    run(sending_, [this] { show_site([this] { sent(); }, [this](const TaskEnd&) { sent(); }); });
 }
 
 /// The publication has come to its end.
@@ -183,22 +184,30 @@ void PublishForm::Aggiorna_Contatore() {
     }
 }
 
-void PublishForm::show_site(const std::function<void()>& then) {
+void PublishForm::show_site(const std::function<void()>& then, std::function<void(const TaskEnd&)> failed) {
     run(
         std::make_shared<ListTask>(remote_folder_, QStringList{QString()}),
         [this, then] {
-            const bool listed = Inet1_->RemoteFolder() == remote_folder_;
-            if (listed) listing_ = site_ = Inet1_->Listing();
-            present_ = present_ || listed;
+            const bool there = Inet1_->RemoteFolder() == remote_folder_;
+            present_ = present_ || there;
+            // A listing that was refused leaves the one before, which may be of another folder.
+            listing_.reset();
+            site_ = {};
+            if (there && Inet1_->ResponseCode() == kFine) listing_ = site_ = Inet1_->Listing();
             then();
         },
-        [then](const TaskEnd&) { then(); });
+        std::move(failed));
 }
 
 void PublishForm::refresh() {
     if (!may_start()) return;
     start_work(u"Waiting for the list.."_s);
-    show_site([this] { finish_work({}, Tone::kPlain); });
+    show_site([this] {
+        if (listing_) return finish_work({}, Tone::kPlain);
+        if (!present_) return finish_without_folder();
+        remote_->show_names(remote_folder_, {});
+        finish_work(u"The server does not show this folder: %1"_s.arg(brief(Inet1_->ResponseInfo())), Tone::kBad);
+    });
 }
 
 /// Sends a single file of the Website.
@@ -248,7 +257,7 @@ void PublishForm::empty_server() {
         workbench_.prompts().run(form);
     };
     run(
-        emptying_, [this, emptied] { show_site(emptied); },
+        emptying_, [this, emptied] { show_site(emptied, [emptied](const TaskEnd&) { emptied(); }); },
         [this, close](const TaskEnd& end) {
             close();
             failed(end);

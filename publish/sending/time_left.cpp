@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -14,14 +15,18 @@ using std::chrono::minutes;
 
 constexpr double kBytesAFile = 16'000;  // what a file costs beside its bytes
 constexpr milliseconds kFirstWord{3'000};
+constexpr double kKilobyte = 1'000;
 constexpr double kMegabyte = 1'000'000;
 
 double cost(int files, qint64 bytes) {
     return files * kBytesAFile + static_cast<double>(bytes);
 }
 
-QString megabytes(qint64 bytes) {
-    return QLocale::c().toString(static_cast<double>(bytes) / kMegabyte, 'f', 1);
+/// Bytes in the unit that suits `all` of them.
+QString in_units(qint64 bytes, qint64 all) {
+    const auto count = static_cast<double>(bytes);
+    return static_cast<double>(all) < kMegabyte ? QLocale::c().toString(std::ceil(count / kKilobyte), 'f', 0)
+                                                : QLocale::c().toString(count / kMegabyte, 'f', 1);
 }
 
 QString grouped(int number) {
@@ -48,9 +53,10 @@ QString TimeLeft::text() const {
 }
 
 QString progress_text(const SendProgress& progress) {
-    return u"%1 of %2 %3, %4 of %5 MB"_s.arg(grouped(progress.files_done), grouped(progress.files),
-                                             progress.files == 1 ? u"file"_s : u"files"_s,
-                                             megabytes(progress.bytes_done), megabytes(progress.bytes));
+    return u"%1 of %2 %3, %4 of %5 %6"_s.arg(
+        grouped(progress.files_done), grouped(progress.files), progress.files == 1 ? u"file"_s : u"files"_s,
+        in_units(progress.bytes_done, progress.bytes), in_units(progress.bytes, progress.bytes),
+        static_cast<double>(progress.bytes) < kMegabyte ? u"KB"_s : u"MB"_s);
 }
 
 }  // namespace pondera

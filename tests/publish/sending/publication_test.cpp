@@ -149,6 +149,8 @@ TEST(TimeLeft, IsToldInRoundWords) {
                                     u"250 → about 3 minutes left", u"1 → about 17 hours left"});
     EXPECT_EQ(progress_text({.files_done = 12, .files = 2'000, .bytes_done = 1'234'567, .bytes = 75'000'000}),
               u"12 of 2,000 files, 1.2 of 75.0 MB"_s);
+    EXPECT_EQ(progress_text({.files_done = 1, .files = 2, .bytes_done = 1'234, .bytes = 99'000}),
+              u"1 of 2 files, 2 of 99 KB"_s);
 }
 
 }  // namespace pondera

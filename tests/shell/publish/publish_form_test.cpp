@@ -193,12 +193,20 @@ TEST_F(PublishDialog, AServerThatWasProtectedGetsNoPasswordInTheOpenUnasked) {
         log_in(form, server.host());
         EXPECT_EQ(prompts_.messages().constLast().answers.constFirst(), Answer::kNo);
         EXPECT_EQ(server.count("USER") + server.count("PASS"), 0);
+        EXPECT_TRUE(text(form, u"lblHint"_s).contains(u"Your password was not sent."_s));
         prompts_.expect_message(question, Answer::kYes);
         do_and_wait(form, u"Collegati"_s);
         EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
         do_and_wait(form, u"Collegati"_s);
         do_and_wait(form, u"Collegati"_s);
         EXPECT_EQ(info(form).section(u'\n', 0, 0), u"Connected.");
+
+        server.instead = [](const QByteArray&) { return "530 no"; };
+        do_and_wait(form, u"cmdUpdate"_s);
+        EXPECT_EQ(text(form, u"lblHint"_s), u"The server does not show this folder: 530 no");
+        server.instead = [](const QByteArray& line) { return line.startsWith("USER") ? "530 no" : "421 good night"; };
+        do_and_wait(form, u"cmdUpdate"_s);
+        EXPECT_FALSE(text(form, u"lblHint"_s).isEmpty());
     });
 }
 
