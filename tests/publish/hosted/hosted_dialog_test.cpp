@@ -1,18 +1,17 @@
-#include <QTest>
-#include <QtWidgets>
-
 #include "base/files.h"
 #include "publish/hosted/hosted_login.h"
 #include "tests/publish/transfer/bad_server.h"
 #include "tests/publish/transfer/real_server.h"
-#include "tests/shell/window/window_fixture.h"
+#include "tests/shell/publish/publish_fixture.h"
 #include "tests/support/folder_text.h"
 
 namespace pondera {
 
 /// The Website "Shop" with a picture and a film, and a hosting service with the sub-domain "bakery".
-class HostedDialog : public WindowFixture {
+class HostedDialog : public PublishFixture {
   protected:
+    HostedDialog() : PublishFixture(u"mnu_pubblica_dominio"_s, u"Frm_Connessione_Remota"_s) {}
+
     void SetUp() override {
         WindowFixture::SetUp();
         ASSERT_TRUE(create_folders(roots_.tools_folder()));
@@ -33,18 +32,6 @@ class HostedDialog : public WindowFixture {
         ASSERT_TRUE(create_folders(QFileInfo(path).path()) && write_file(path, bytes)) << path.toStdString();
     }
 
-    void in_dialog(const std::function<void(const FormHand&)>& work) {
-        run_form(u"mnu_pubblica_dominio"_s, u"Frm_Connessione_Remota"_s, [&](const FormHand& form) {
-            work(form);
-            form.click(u"OKButton"_s);
-        });
-    }
-
-    static void do_and_wait(const FormHand& form, const QString& button) {
-        form.click(button);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return form.widget<QAbstractButton>(u"Collegati"_s).isEnabled(); }, 30'000));
-    }
-
     static void fill(const FormHand& form, const QString& domain, const QString& password) {
         form.type(u"user_id"_s, u"anonymous"_s).type(u"password"_s, u"secret"_s);
         form.type(u"txtDomain"_s, domain).type(u"txtPassword"_s, password);
@@ -55,10 +42,7 @@ class HostedDialog : public WindowFixture {
         do_and_wait(form, u"Collegati"_s);
     }
 
-    static QString text(const FormHand& form, const QString& label) { return form.widget<QLabel>(label).text(); }
-    static bool connected(const FormHand& form) {
-        return form.widget<QPlainTextEdit>(u"Info"_s).toPlainText().startsWith(u"Connected."_s);
-    }
+    static bool connected(const FormHand& form) { return info(form).startsWith(u"Connected."_s); }
     [[nodiscard]] QStringList on_server(const QString& folder) const {
         return server_.names(u"public_html/"_s + folder);
     }

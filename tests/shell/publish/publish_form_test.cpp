@@ -1,46 +1,23 @@
 #include "publish/ftp/publish_form.h"
 
-#include <QTest>
-#include <QtWidgets>
-
 #include "publish/ftp/ftp_settings.h"
 #include "publish/ftp/host_memory.h"
 #include "publish/sending/publication_record.h"
 #include "tests/publish/transfer/bad_server.h"
 #include "tests/publish/transfer/real_server.h"
-#include "tests/shell/window/window_fixture.h"
+#include "tests/shell/publish/publish_fixture.h"
 
 namespace pondera {
 
 /// The Website "Shop" with a picture, and the dialog that publishes it.
-class PublishDialog : public WindowFixture {
+class PublishDialog : public PublishFixture {
   protected:
-    using Work = std::function<void(const FormHand&)>;
+    PublishDialog() : PublishFixture(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s) {}
 
     void SetUp() override {
         WindowFixture::SetUp();
         picture_ = make_picture(u"Pondera_Folder/Pondera/Shop/media/img/Sea.gif"_s, {20, 20});
         open(u"Shop"_s);
-    }
-
-    /// Opens the dialog, works it and closes it.
-    void in_dialog(const Work& work) {
-        run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s, [&](const FormHand& form) {
-            work(form);
-            form.click(u"OKButton"_s);
-        });
-    }
-
-    static QString text(const FormHand& form, const QString& label) { return form.widget<QLabel>(label).text(); }
-    static QString info(const FormHand& form) { return form.widget<QPlainTextEdit>(u"Info"_s).toPlainText(); }
-
-    /// Presses a button and waits until the work that it began has ended.
-    static void do_and_wait(const FormHand& form, const QString& button) {
-        form.click(button);
-        wait(form);
-    }
-    static void wait(const FormHand& form) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return form.widget<QAbstractButton>(u"Collegati"_s).isEnabled(); }, 30'000));
     }
 
     static void log_in(const FormHand& form, const QString& host, const QString& user = u"anonymous"_s,
@@ -68,7 +45,7 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
     const RealServer server(RealServer::Kind::kVsftpd, false);
     const QStringList all{u"_4_Trips.htm"_s, u"_x_Map.htm"_s, u"index.htm"_s, u"media/img/Sea.gif"_s};
     in_dialog([&](const FormHand& form) {
-        EXPECT_EQ(form.form().minimumSizeHint().boundedTo({1000, 650}), form.form().minimumSizeHint());
+        for (const auto* bar : form.form().findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible());
         form.photograph(u"publish_new"_s);
         for (const QString& button : {u"cmdSel"_s, u"cmdDesel"_s, u"cmdUpdate"_s, u"cmdFile"_s}) {
             prompts_.expect_message(kWrongState);
