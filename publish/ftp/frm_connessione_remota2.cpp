@@ -78,6 +78,8 @@ QGroupBox* Frm_Connessione_Remota2::make_fields() {
     Nome_Host_->setObjectName(u"Nome_Host"_s);
     Nome_Host_->setEditable(true);
     Nome_Host_->setInsertPolicy(QComboBox::NoInsert);
+    // Completing what is selected, Return would bring the first host of the list and its password.
+    Nome_Host_->setCompleter(nullptr);
     Nome_Host_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     Nome_Host_->lineEdit()->setPlaceholderText(u"for example ftp.myshop.org"_s);
     user_id_->setObjectName(u"user_id"_s);

@@ -46,6 +46,7 @@ void Frm_Connessione_Remota::name_fields() {
     Nome_Host_->setObjectName(u"Nome_Host"_s);
     Nome_Host_->setEditable(true);
     Nome_Host_->setInsertPolicy(QComboBox::NoInsert);
+    Nome_Host_->setCompleter(nullptr);
     Nome_Host_->addItem(service_.typed_host());
     Nome_Host_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     user_id_->setObjectName(u"user_id"_s);

@@ -76,13 +76,19 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
     EXPECT_TRUE(QDir(roots_.ftp_folder()).isEmpty());
     EXPECT_EQ(ftp_hosts(roots_), QStringList(server.host()));
 
-    // The next time: another page, one picture less here, and one more there.
+    // The next time, with one more server: another page, one picture less here, and one more there.
+    ASSERT_TRUE(save_ftp_settings(ftp_settings_path(roots_, u"0.x.org"_s), {.host = u"0.x.org"_s}));
     write(u"Shop"_s, u"_4_Trips.htm"_s, u"<P>New trips</P>"_s);
     QFile::remove(picture_);
     ASSERT_TRUE(write_file(server.path(u"Vantiles/Shop/media/img/Their.JPG"_s), "theirs"));
     in_dialog([&](const FormHand& form) {
         EXPECT_EQ(form.widget<QLineEdit>(u"password"_s).text(), u"secret");
-        do_and_wait(form, u"Collegati"_s);
+        auto& host = form.widget<QComboBox>(u"Nome_Host"_s);
+        host.lineEdit()->selectAll();
+        form.press(Qt::Key_Return);
+        EXPECT_EQ(host.currentText(), server.host());
+        wait(form);
+        EXPECT_EQ(info(form), u"Connected.");
         do_and_wait(form, u"cmdSel"_s);
         EXPECT_EQ(text(form, u"lblHint"_s),
                   u"Published.\n1 file fetched from the server, 1 file sent, 1 file removed.");
@@ -113,7 +119,7 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
         form.click(u"chkDeleteData"_s);
         EXPECT_EQ(form.widget<QLineEdit>(u"password"_s).text(), QString());
     });
-    EXPECT_EQ(ftp_hosts(roots_), QStringList());
+    EXPECT_EQ(ftp_hosts(roots_), QStringList(u"0.x.org"_s));
 }
 
 TEST_F(PublishDialog, WrongLoginsAreToldInPlainWords) {
