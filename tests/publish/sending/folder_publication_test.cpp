@@ -120,7 +120,7 @@ TEST_F(FolderPublications, RefusedFolders) {
     ASSERT_TRUE(QFile::link(roots.website(u"Shop"_s), stick(u"Linked"_s)));
     expect_results(refusal, {u"stick Shop | base Shop → ", u"no Shop → The folder no does not exist.",
                              u"base/Pondera/Shop/index.htm x → base/Pondera/Shop/index.htm is a file, not a folder.",
-                             u"base/Pondera/Shop x | link Shop | base Pondera | stick Linked → "
+                             u"base/Pondera/Shop x | link Shop | base Pondera | base/.. base | stick Linked → "
                              "Choose a place outside of the folder of your Websites."});
 }
 

@@ -66,11 +66,11 @@ TEST_F(Publications, SurveyWhatVisitorsGetInTheOrderOfSending) {
     put(u"_4_A.htm"_s, "<frame src='_4_C.htm'><FRAME src=index.htm>");
     put(u"_4_C.htm"_s, "<frame src=_4_A.htm><frame src=_4_D.htm>");
     put(u"_4_D.htm"_s, "city \xe0 <A href=\"../Shop/x\">");
-    put(u"_4_B.htm §_4_A.htm çindex.htm Thumbs.db §_elenco.pnd z.pdf media/img/a.jpg"_s);
+    put(u"_4_B.htm §_4_A.htm çindex.htm Thumbs.db §_elenco.pnd z.pdf z.htm media/img/a.jpg"_s);
     const auto survey = survey_website(roots, u"Shop"_s);
     ASSERT_TRUE(survey);
     EXPECT_EQ(paths(survey->files), QStringList({u"media/img/a.jpg"_s, u"z.pdf"_s, u"_4_D.htm"_s, u"_4_C.htm"_s,
-                                                 u"_4_A.htm"_s, u"_4_B.htm"_s, u"index.htm"_s}));
+                                                 u"_4_A.htm"_s, u"_4_B.htm"_s, u"z.htm"_s, u"index.htm"_s}));
     EXPECT_EQ(survey->files[1].checksum, "2d711642b726b04401627ca9fbac32f5c8530fb1903cc4db02258717921a4881");
     EXPECT_EQ(*prepared_file(roots, u"Shop"_s, u"_4_D.htm"_s), "city \xe0 <A href=\"x\">");
     EXPECT_EQ(survey->files[2].size, 19);
@@ -108,7 +108,7 @@ TEST_F(Publications, RemoveOnlyWhatWasPublishedFromHere) {
 TEST_F(Publications, StageThePlannedFilesAndNothingElse) {
     put(u"index.htm"_s, "<A href='../Shop/x'>");
     put(u"media/img/a.jpg"_s);
-    home.put(u"elsewhere/keep"_s);
+    home.put(u"elsewhere/Shop/keep"_s);
     home.put(u"base/Pondera/FTP/Shop/media/old.htm"_s);
     QDir().mkdir(roots.ftp_total_folder());
     // Links at every place where one could stand: what they lead to stays.
@@ -122,7 +122,7 @@ TEST_F(Publications, StageThePlannedFilesAndNothingElse) {
             clear_staging(roots, u"Shop"_s, mode);
             EXPECT_FALSE(QFileInfo::exists(folder));
         }
-        EXPECT_EQ(text_of_folder(home.path(u"elsewhere"_s)), u"keep=x"_s);
+        EXPECT_EQ(text_of_folder(home.path(u"elsewhere"_s)), u"Shop/keep=x"_s);
     }
 }
 
