@@ -79,6 +79,7 @@ void frm_player::set_running(bool on) {
     cancelled_ = false;
     drive_->setEnabled(!on);
     for (const QString& name : {u"OKButton"_s, u"HelpButton"_s}) findChild<QPushButton*>(name)->setEnabled(!on);
+    findChild<QPushButton*>(on ? u"CancelButton"_s : u"OKButton"_s)->setFocus();
 }
 
 void frm_player::accept() {

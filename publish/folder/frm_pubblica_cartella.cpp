@@ -166,6 +166,8 @@ void Frm_Pubblica_Cartella::publish(const QString& folder) {
 }
 
 void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<FolderPublication>& published) {
+    const bool whole = published && !published->cancelled;
+    (whole ? close_ : publish_)->setFocus();
     if (!published) {
         bar_->reset();
         state_->setText(u"Not everything was published. Publish again to go on from here."_s);
@@ -173,7 +175,7 @@ void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<
                                          MessageIcon::kCritical);
     }
     state_->setText(folder_summary(*published));
-    if (published->cancelled) return bar_->reset();
+    if (!whole) return bar_->reset();
     bar_->setValue(bar_->maximum());
     const QString home = QDir(folder).filePath(workbench_.website() + u"/index.htm"_s);
     const QString lead = u"Click here to go to the Website: "_s;
@@ -183,7 +185,6 @@ void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<
     link_->setText(u"%1<a href=\"%2\">%3</a>"_s.arg(
         lead, QUrl::fromLocalFile(home).toString(QUrl::FullyEncoded).toHtmlEscaped(), shown.toHtmlEscaped()));
     close_->setText(u"Close"_s);
-    close_->setFocus();
 }
 
 void Frm_Pubblica_Cartella::set_running(bool running) {

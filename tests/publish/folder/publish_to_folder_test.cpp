@@ -68,6 +68,7 @@ TEST_F(PublishToFolder, WhatStandsInTheWayIsToldAndFilesThatLieThereAreAskedAbou
     prompts_.expect_form(u"Frm_Pubblica_Cartella"_s, [&](const FormHand& form) {
         prompts_.expect_message(u"The Website was not published.\n\n"_s);
         form.click(u"OKButton"_s);
+        EXPECT_TRUE(form.widget<QPushButton>(u"OKButton"_s).hasFocus());
         ASSERT_TRUE(QFile::remove(stick_.path(u"Shop"_s)));
         stick_.put(u"Shop/index.htm"_s, "somebody's");
         prompts_.expect_message(u"is not empty"_s, Answer::kNo);

@@ -102,6 +102,8 @@ TEST_F(FolderPublications, FaultsOfTheMedium) {
     };
     EXPECT_EQ(to_disk(pull_out).error().number, FaultNumber::kPathNotFound);
     EXPECT_FALSE(QFileInfo::exists(disk.file(u"Shop"_s)));
+    const auto record = PublicationRecord::open(roots.website(u"Shop"_s), Destination::in_folder(disk.file(u"Shop"_s)));
+    EXPECT_EQ(record->unfinished(), QSet<QString>({u"_4_A.htm"_s}));
     EXPECT_EQ(to_disk()->files, 5);
     ASSERT_TRUE(disk.make_read_only());
     put(u"_4_A.htm"_s, "again");
