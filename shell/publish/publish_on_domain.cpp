@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 void mnu_pubblica_dominio(Workbench& workbench) {
     auto service = read_hosting_service(workbench.roots());
     if (!service)
-        return workbench.prompts().tell(u"The settings of the hosting service cannot be read.\n\n"_s +
-                                            fault_sentence(service.error()),
-                                        MessageIcon::kCritical);
+        return workbench.prompts().tell(
+            u"The settings of the hosting service cannot be read.\n\n"_s + fault_sentence(service.error()),
+            MessageIcon::kCritical);
     if (!workbench.may_leave_page() || !publish_missing_pages(workbench)) return;
     Frm_Connessione_Remota form(workbench, *std::move(service));
     workbench.prompts().run(form);
