@@ -2,7 +2,6 @@
 
 #include <QtWidgets>
 
-#include "base/files.h"
 #include "base/roots.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
@@ -35,7 +34,7 @@ Frm_Connessione_Remota::Frm_Connessione_Remota(Workbench& workbench, HostingServ
     build(make_fields());
     if (const auto made = make_staging_folders(workbench.roots()); !made)
         hint(fault_sentence(made.error()), Tone::kBad);
-    (void)remove_file(account_copy_path(workbench.roots()));  // one that a program which ended in the middle left
+    QFile::remove(account_copy_path(workbench.roots()));  // one that a program which ended in the middle left
     load_data();
     show_address();
     point_out_unfinished({});
