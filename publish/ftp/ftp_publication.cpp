@@ -144,7 +144,9 @@ std::shared_ptr<SendTask> FtpPublication::send_task() {
 
 FileResult<void> FtpPublication::close() {
     if (std::exchange(closed_, true)) return {};
-    clear_staging(roots_, order_.website, staged_as_);
+    // What a program that was ended left in the other folder goes as well.
+    for (const PublicationMode mode : {PublicationMode::kTotal, PublicationMode::kPartial})
+        clear_staging(roots_, order_.website, mode);
     return record_.close();
 }
 

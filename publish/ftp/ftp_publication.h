@@ -49,7 +49,7 @@ class FtpPublication {
     /// Sends and removes it. Null when the server has it all.
     [[nodiscard]] std::shared_ptr<SendTask> send_task();
 
-    /// Completes the record and clears the staging folder. Does so once.
+    /// Completes the record and clears the staging folders. Does so once.
     [[nodiscard]] FileResult<void> close();
 
     [[nodiscard]] const QString& staging_folder() const { return staging_; }

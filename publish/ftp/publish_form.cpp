@@ -2,6 +2,8 @@
 
 #include <QtWidgets>
 
+#include <tuple>
+
 #include "publish/connection/cwininet_connection.h"
 #include "publish/connection/ensure_connected.h"
 #include "publish/connection/machine_connection.h"
@@ -79,7 +81,7 @@ PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_
 
 PublishForm::~PublishForm() {
     executor_.reset();
-    close_publication();
+    if (publication_) std::ignore = publication_->close();
 }
 
 void PublishForm::build(QWidget* login_fields) {

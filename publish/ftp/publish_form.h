@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -131,7 +132,7 @@ class PublishForm : public QDialog {
     void show_site(const std::function<void()>& then, std::function<void(const TaskEnd&)> failed = {});
     void empty_server();
     [[nodiscard]] QString summary() const;
-    [[nodiscard]] Steps steps();
+    [[nodiscard]] FileResult<bool> work_out(const std::function<FileResult<bool>(const Steps&)>& work);
     // the dialog
     void failed(const TaskEnd& end);
     void stop();
@@ -163,7 +164,9 @@ class PublishForm : public QDialog {
     RemoteListing site_;                    ///< what it held when it was listed last
 
     bool working_ = false;
-    bool stop_ = false;
+    std::atomic<bool> stop_ = false;
+    std::atomic<int> steps_done_ = 0;  ///< of the work in the background
+    std::atomic<int> steps_ = 0;       ///< 0 while there is none
     QString stage_;
     QString command_;  ///< the one at work
     int pending_ = 0;

@@ -6,6 +6,7 @@
 #include "base/roots.h"
 #include "publish/ftp/frm_rifiutati.h"
 #include "publish/ftp/host_memory.h"
+#include "publish/ftp/in_background.h"
 #include "publish/ftp/plain_words.h"
 #include "publish/ftp/publish_form.h"
 #include "publish/ftp/publish_options.h"
@@ -22,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace pondera {
 namespace {
 
-constexpr qint64 kBetweenTurns = 40;  // milliseconds that the window waits for its events
-
 QString counted(qsizetype count, const QString& one, const QString& many) {
     return count == 1 ? u"1 "_s + one : u"%L1 %2"_s.arg(count).arg(many);
 }
@@ -38,16 +37,17 @@ QStringList files_below(const QString& folder, QDirIterator::IteratorFlag how) {
 
 }  // namespace
 
-/// The core's long work gives the window its turns and hears of Stop.
-Steps PublishForm::steps() {
-    return [this, clock = QElapsedTimer()](int done, int total) mutable {
-        if (!clock.isValid() || clock.elapsed() > kBetweenTurns) {
-            transfer_->show_steps(done, total);
-            QCoreApplication::processEvents();
-            clock.start();
-        }
+/// Does long work of the core, which hears of Stop; false when that came before the end.
+FileResult<bool> PublishForm::work_out(const std::function<FileResult<bool>(const Steps&)>& work) {
+    const Steps steps = [this](int done, int total) {
+        steps_done_ = done;
+        steps_ = total;
         return !stop_;
     };
+    FileResult<bool> result = in_background([&] { return work(steps); });
+    steps_ = 0;
+    if (result && stop_) return false;
+    return result;
 }
 
 void PublishForm::publish(const QString& only) {
@@ -69,7 +69,7 @@ void PublishForm::publish(const QString& only) {
         HostMemory(workbench_.settings(), session_.host).set_address(remote_folder_, options_->address());
 
     start_work(u"Verify Files to send.."_s);
-    const FileResult<bool> surveyed = publication_->survey(steps());
+    const FileResult<bool> surveyed = work_out([this](const Steps& steps) { return publication_->survey(steps); });
     if (!surveyed) return finish_work(fault_sentence(surveyed.error()), Tone::kBad);
     if (!*surveyed) return finish_work(u"Stopped. Nothing was sent."_s, Tone::kPlain);
     transfer_->show_steps(0, 0);
@@ -99,7 +99,7 @@ void PublishForm::ricevo_cartella() {
 void PublishForm::invio_cartella() {
     if (!publication_) return;
     transfer_->show_stage(stage_ = u"Preparing the files.."_s);
-    const FileResult<bool> prepared = publication_->prepare(steps());
+    const FileResult<bool> prepared = work_out([this](const Steps& steps) { return publication_->prepare(steps); });
     if (!prepared) return finish_work(fault_sentence(prepared.error()), Tone::kBad);
     if (!*prepared) return finish_work(u"Stopped. Nothing was sent."_s, Tone::kPlain);
     sending_ = publication_->send_task();
@@ -158,9 +158,9 @@ QString PublishForm::summary() const {
 /// Completes the record and clears what was staged, whatever became of the publication.
 void PublishForm::close_publication() {
     if (!publication_) return;
-    const QString staging = publication_->staging_folder();
-    const FileResult<void> closed = publication_->close();
-    publication_.reset();
+    const std::unique_ptr<FtpPublication> publication = std::move(publication_);
+    const QString staging = publication->staging_folder();
+    const FileResult<void> closed = in_background([&] { return publication->close(); });
     if (!closed) workbench_.prompts().tell(fault_sentence(closed.error()), MessageIcon::kCritical);
     const QStringList left = fCaricaPath(staging);
     if (!left.isEmpty()) cancella_file(QDir(staging).filePath(left.constFirst()));
@@ -168,7 +168,9 @@ void PublishForm::close_publication() {
 
 /// Shows how far the work is.
 void PublishForm::Aggiorna_Contatore() {
-    if (sending_) {
+    if (const int steps = steps_; steps > 0) {
+        transfer_->show_steps(steps_done_, steps);
+    } else if (sending_) {
         const SendProgress progress = sending_->progress();
         time_left_.note(std::chrono::milliseconds(sending_for_.elapsed()), progress);
         const bool bytes = progress.bytes > 0;

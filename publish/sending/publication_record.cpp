@@ -5,6 +5,7 @@
 #include <QFile>
 
 #include <chrono>
+#include <future>
 #include <utility>
 
 #include "base/files.h"
@@ -62,17 +63,34 @@ class PublicationRecord::Journal {
             file_.resize(size);
             return written;
         }
-        return std::chrono::milliseconds(since_sync_.elapsed()) < kBetweenSyncs ? FileResult<void>() : sync();
+        return std::chrono::milliseconds(since_sync_.elapsed()) < kBetweenSyncs ? FileResult<void>() : begin_sync();
     }
 
     FileResult<void> sync() {
-        since_sync_.start();
+        if (syncing_.valid()) syncing_.wait();
         return write_through(file_);
     }
 
   private:
+    /// A disk that is busy for seconds holds up neither the sending nor the window.
+    FileResult<void> begin_sync() {
+        since_sync_.start();
+        if (syncing_.valid()) {
+            if (syncing_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return {};
+            if (FileResult<void> synced = syncing_.get(); !synced) return synced;
+        }
+        syncing_ = std::async(std::launch::async, [path = file_.fileName()]() -> FileResult<void> {
+            QFile same(path);
+            if (!same.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly))
+                return std::unexpected(file_error_of(same));
+            return write_through(same);
+        });
+        return {};
+    }
+
     QFile file_;
     QElapsedTimer since_sync_;
+    std::future<FileResult<void>> syncing_;
 };
 
 PublicationRecord::PublicationRecord(QString website_folder, Destination destination)
