@@ -105,6 +105,7 @@ void PublishForm::invio_cartella() {
     sending_ = publication_->send_task();
     if (!sending_) return sent();
     HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), true);
+    if (!present_) hint(u"Where the server answers 550, a folder is not there yet. It is made now."_s);
     stage_ = u"Sending.."_s;
     time_left_ = {};
     sending_for_.start();
