@@ -151,6 +151,9 @@ TEST_F(HostedDialog, DataAreKeptWithoutTheSubDomainsPasswordAndForgotten) {
     EXPECT_FALSE(QFileInfo(file).permissions() & (QFileDevice::ReadGroup | QFileDevice::ReadOther));
     in_dialog([&](const FormHand& form) {
         EXPECT_EQ(form.widget<QLineEdit>(u"txtDomain"_s).text(), u"bakery");
+        log_in(form, u"bakery"_s, u"bread"_s);
+        EXPECT_THAT(QString::fromUtf8(read_file(file).value_or("")), Holds(u"userid anonymous\r\npassword secret"_s));
+        do_and_wait(form, u"Collegati"_s);
         for (const Answer answer : {Answer::kCancel, Answer::kYes}) {
             prompts_.expect_message(u"Are you sure you want to definitely delete the FTP data?"_s, answer);
             form.click(u"chkDeleteData"_s);
