@@ -76,8 +76,8 @@ QString trust_question(const QString& host, const LineProtection& protection, co
             : u"WARNING: the server \"%1\" shows another identity than the one that you trusted.\n\n"
               "Somebody may be trying to read your password. Say No, unless your provider has told you of the change."_s
                   .arg(host);
-    const QString holder = protection.holder.isEmpty() ? u"(no name)"_s : protection.holder;
-    return u"%1\n%2\n\nIt calls itself: %3\nIts fingerprint:\n%4\n\n"
+    const QString holder = protection.holder.isEmpty() ? QString() : u"It calls itself: %1\n"_s.arg(protection.holder);
+    return u"%1\n%2\n\n%3Its fingerprint:\n%4\n\n"
            "Do you want to trust this server from now on?"_s.arg(opening, protection.doubt, holder,
                                                                  readable(protection.fingerprint));
 }
