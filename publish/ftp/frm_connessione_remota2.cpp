@@ -7,6 +7,7 @@
 #include "base/roots.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
+#include "publish/ftp/kept_login.h"
 #include "publish/ftp/remote_site.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
@@ -19,7 +20,6 @@ namespace {
 constexpr int kHighestIndex = 5000;
 const QString kLastHost = u"Publish/Last Host"_s;
 const QString kSftp = u"sftp://"_s;
-const QString kIncomplete = u"Insert all required data"_s;
 
 /// The choices of protection, in their order. SFTP is a prefix of the host, and none of the control's wishes.
 enum Protection { kWhenOffered, kAlways, kOverSsh, kOpen };
@@ -171,32 +171,17 @@ void Frm_Connessione_Remota2::load_host(const QString& host) {
 
 void Frm_Connessione_Remota2::save_data() {
     const FtpLogin login = fields();
-    if (login.host.isEmpty() || login.user.isEmpty()) {
-        workbench().prompts().tell(kIncomplete);
-        if (!login.host.isEmpty()) user_id_->setFocus();
-        return;
-    }
-    if (const auto saved = save_ftp_settings(ftp_settings_path(workbench().roots(), login.host), login); !saved) {
-        workbench().prompts().tell(fault_sentence(saved.error()), MessageIcon::kCritical);
-        chkSalvaDati_->setChecked(false);
-        return;
-    }
-    fill_hosts();
+    const QString path = ftp_settings_path(workbench().roots(), login.host);
+    if (keep_login(workbench().prompts(), path, login, *user_id_, *chkSalvaDati_)) fill_hosts();
 }
 
 void Frm_Connessione_Remota2::delete_data() {
     const QString host = Nome_Host_->currentText();
-    const QList<Answer> answers{Answer::kNo, Answer::kYes, Answer::kCancel};
-    if (host.isEmpty()) {
-        workbench().prompts().tell(kIncomplete);
-    } else if (workbench().prompts().really(u"Are you sure you want to definitely delete the FTP data?"_s, answers)) {
-        if (const auto deleted = delete_ftp_settings(ftp_settings_path(workbench().roots(), host)); !deleted)
-            workbench().prompts().tell(fault_sentence(deleted.error()), MessageIcon::kCritical);
-        fill_hosts();
-        Nome_Host_->setCurrentText({});
-        for (QLineEdit* field : {user_id_, password_, txtSito_}) field->clear();
-    }
-    chkDeleteData_->setChecked(false);
+    const QString path = ftp_settings_path(workbench().roots(), host);
+    if (!forget_login(workbench().prompts(), path, host, *chkDeleteData_)) return;
+    fill_hosts();
+    Nome_Host_->setCurrentText({});
+    for (QLineEdit* field : {user_id_, password_, txtSito_}) field->clear();
 }
 
 /// The choice of SFTP stands in the host itself, where it is saved with it.

@@ -3,10 +3,9 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
-#include <optional>
+#include <future>
 #include <thread>
 #include <type_traits>
-#include <utility>
 
 namespace pondera {
 
@@ -15,15 +14,16 @@ namespace pondera {
 template <typename Work>
 [[nodiscard]] std::invoke_result_t<Work> in_background(const Work& work) {
     QCoreApplication::processEvents();
-    std::optional<std::invoke_result_t<Work>> result;
+    std::packaged_task<std::invoke_result_t<Work>()> task(work);
+    auto result = task.get_future();
     QEventLoop loop;
     std::thread worker([&] {
-        result = work();
+        task();
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     loop.exec();
     worker.join();
-    return *std::move(result);
+    return result.get();
 }
 
 }  // namespace pondera

@@ -5,6 +5,7 @@
 #include "base/roots.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
+#include "publish/ftp/kept_login.h"
 #include "publish/hosted/service_files.h"
 #include "workbench/prompts.h"
 #include "workbench/workbench.h"
@@ -15,7 +16,6 @@ namespace pondera {
 namespace {
 
 constexpr int kHighestIndex = 10'000;
-const QString kIncomplete = u"Insert all required data"_s;
 
 }  // namespace
 
@@ -122,29 +122,15 @@ void Frm_Connessione_Remota::load_data() {
 }
 
 void Frm_Connessione_Remota::save_data() {
-    const FtpLogin login = fields().server;
-    if (login.host.isEmpty() || login.user.isEmpty()) {
-        workbench().prompts().tell(kIncomplete);
-        if (!login.host.isEmpty()) user_id_->setFocus();
-        return;
-    }
-    const auto saved = save_ftp_settings(hosted_settings_path(workbench().roots()), login);
-    if (saved) return;
-    workbench().prompts().tell(fault_sentence(saved.error()), MessageIcon::kCritical);
-    chkSalvaDati_->setChecked(false);
+    keep_login(workbench().prompts(), hosted_settings_path(workbench().roots()), fields().server, *user_id_,
+               *chkSalvaDati_);
 }
 
 void Frm_Connessione_Remota::delete_data() {
-    const QList<Answer> answers{Answer::kNo, Answer::kYes, Answer::kCancel};
-    if (Nome_Host_->currentText().isEmpty()) {
-        workbench().prompts().tell(kIncomplete);
-    } else if (workbench().prompts().really(u"Are you sure you want to definitely delete the FTP data?"_s, answers)) {
-        if (const auto deleted = delete_ftp_settings(hosted_settings_path(workbench().roots())); !deleted)
-            workbench().prompts().tell(fault_sentence(deleted.error()), MessageIcon::kCritical);
-        show_fields({});
-        chkSalvaDati_->setChecked(false);
-    }
-    chkDeleteData_->setChecked(false);
+    const QString path = hosted_settings_path(workbench().roots());
+    if (!forget_login(workbench().prompts(), path, Nome_Host_->currentText(), *chkDeleteData_)) return;
+    show_fields({});
+    chkSalvaDati_->setChecked(false);
 }
 
 void Frm_Connessione_Remota::show_address() {
