@@ -7,15 +7,10 @@
 #include "publish/cdrom/multimedia_package.h"
 #include "site/website_creation.h"
 #include "tests/player/package_fixture.h"
-#include "tests/shell/window/window_fixture.h"
 #include "tests/support/opened_addresses.h"
+#include "tests/support/page_hand.h"
 
 namespace pondera {
-
-/// Reads values from a page, as the tests of the editor's window do.
-struct PageReader : WindowFixture {
-    using WindowFixture::evaluate;
-};
 
 class PlayerWindows : public PackageFixture {
   protected:
@@ -30,7 +25,7 @@ class PlayerWindows : public PackageFixture {
     [[nodiscard]] static QWebEngineView& view_of(const QWidget& window) {
         return *window.findChild<QWebEngineView*>(u"player_view"_s, Qt::FindDirectChildrenOnly);
     }
-    QVariant value(const QString& script) const { return PageReader::evaluate(*view_of(*window_).page(), script); }
+    QVariant value(const QString& script) const { return evaluate(*view_of(*window_).page(), script); }
     [[nodiscard]] QString text(const QString& script) const { return value(script).toString(); }
     [[nodiscard]] bool comes(const QString& script) const {
         return QTest::qWaitFor([&] { return value(script).toBool(); });

@@ -32,6 +32,13 @@ void expect_keys_once(const QDialog& form) {
 
 }  // namespace
 
+void photograph(QWidget& window, const QString& name) {
+    const QDir folder(qEnvironmentVariable("PONDERA_PICTURES"));
+    if (!qEnvironmentVariableIsSet("PONDERA_PICTURES") || !QDir().mkpath(folder.path())) return;
+    const auto number = folder.entryList(QDir::Files).size() + 1;
+    EXPECT_TRUE(window.grab().save(folder.filePath(u"%1-%2.png"_s.arg(number, 2, 10, QChar(u'0')).arg(name))));
+}
+
 std::string FormHand::missing(const QString& what) const {
     return u"the form %1 shows no %2"_s.arg(form_.objectName(), what).toStdString();
 }
@@ -88,8 +95,7 @@ const FormHand& FormHand::press(Qt::Key key) const {
 }
 
 const FormHand& FormHand::photograph(const QString& name) const {
-    const QString folder = qEnvironmentVariable("PONDERA_PICTURES");
-    if (!folder.isEmpty()) form_.grab().save(QDir(folder).filePath(name + u".png"_s));
+    pondera::photograph(form_, name);
     return *this;
 }
 

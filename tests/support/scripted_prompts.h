@@ -12,6 +12,9 @@
 
 namespace pondera {
 
+/// Saves a picture of a window, numbered, into the folder that the environment variable PONDERA_PICTURES names.
+void photograph(QWidget& window, const QString& name);
+
 /// A form as the person at the machine works it: widgets by their objectName, real clicks and keys. What cannot be done
 /// (no such widget, a disabled or hidden button, no such entry) fails the test and closes the form. Each deed returns
 /// the hand, for the next one.
@@ -36,7 +39,6 @@ class FormHand {
     const FormHand& double_click(const QString& name, const QString& entry) const;
     const FormHand& press(Qt::Key key) const;  ///< in the widget that has the focus
 
-    /// Saves a picture of the form as FOLDER/`name`.png when the environment variable PONDERA_PICTURES names a folder.
     const FormHand& photograph(const QString& name) const;
 
     /// The texts of the entries of a list or tree (top level).

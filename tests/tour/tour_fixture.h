@@ -1,55 +1,33 @@
 #pragma once
 
-#include <QSettings>
-#include <QVariant>
-
-#include <gtest/gtest.h>
-#include <memory>
-
-#include "base/roots.h"
-#include "shell/main_form.h"
-#include "tests/support/scripted_prompts.h"
+#include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
 
-class DHTMLEdit;
-
 /// Goes through the program as a new user does and leaves a numbered picture of each step in the folder that the
 /// environment variable PONDERA_PICTURES names. The tests follow one another with the same Website.
-class Tour : public testing::Test {
+class Tour : public WindowFixture {
   protected:
-    Tour();
+    Tour() { roots_ = Roots::of_user(); }
 
     /// Opens the main window as a start of the program does.
-    void open_window();
+    void SetUp() override;
 
-    static bool wait_until(const std::function<bool()>& condition);
-    void photograph(QWidget& window, const QString& name);
+    static bool wait_until(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 20'000); }
 
-    /// Copies the finished Website beside the pictures.
-    static void keep_website(const QString& folder);
+    /// A picture of the main window, once the page has been drawn.
+    void photograph(const QString& name);
 
-    QWidget& page();
-    QVariant in_page(const QString& expression);
+    /// Waits for the answer of a question about the page under edit.
+    QVariant in_page(const QString& expression) {
+        return evaluate(web_page(), expression, QWebEngineScript::ApplicationWorld);
+    }
 
     /// An element's box in the page's window; the element is brought into view first.
     QRect box_of(const QString& selector);
 
-    void type(const QString& text);
-
-    /// Selects a paragraph or heading by three clicks, as quick as a person's (QTest spaces its clicks).
-    void select_paragraph(const QString& selector);
-
-    void move_mouse(const QPoint& place);
-    void trigger(const QString& name);
-
-    QSettings settings_;
-    Roots roots_;
-    ScriptedPrompts prompts_;
-    std::unique_ptr<MainForm> window_;
-    DHTMLEdit* editor_ = nullptr;
-    static inline int pictures_ = 0;
-    quint64 clicks_ = 1'000'000;  ///< the mouse's time, in milliseconds
+    void select_paragraph(const QString& selector);  ///< or a heading, by three clicks
+    void type_over(const QString& selector, const QString& text);
 };
 
 }  // namespace pondera

@@ -1,7 +1,3 @@
-#include <QMimeData>
-#include <QTest>
-
-#include "base/text_file.h"
 #include "elements/level_commands.h"
 #include "tests/shell/window/window_fixture.h"
 
@@ -19,8 +15,6 @@ class ImageCommands : public WindowFixture {
         write(u"Shop"_s, u"çindex.htm"_s, body);
         open(u"Shop"_s);
     }
-
-    [[nodiscard]] QString path(const QString& name) const { return home_.filePath(name); }
 
     [[nodiscard]] QString picture(const QString& name, QSize size) const {
         return make_picture(u"Pictures/"_s + name, size);
@@ -58,29 +52,29 @@ TEST_F(ImageCommands, AnImageFromElsewhereIsCopiedAndPlaced) {
     });
     EXPECT_EQ(images(), QStringList(u"<IMG name=Myxfacadexpng style=\"Z-INDEX: 1; LEFT: 10px; POSITION: absolute; "
                                     "TOP: 10px\" src=\"media/img/My-facade.png\">"_s));
-    EXPECT_EQ(read_file(shop(u"media/img/My-facade.png"_s)), read_file(path(u"Pictures/My façade.png"_s)));
+    EXPECT_EQ(read_file(shop(u"media/img/My-facade.png"_s)), read_file(home_.filePath(u"Pictures/My façade.png"_s)));
     expect_selected_at(QRect(10, 10, 320, 240));
 
     run_form(u"mnu_ins_marchio"_s, u"Frm_Inserisci_Imm"_s, [&](const FormHand& hand) {
         prompts_.expect_file({});
         hand.click(u"choose_picture"_s).click(u"CancelButton"_s);
     });
-    EXPECT_EQ(prompts_.questions().value(1).start_folder, path(u"Pictures"_s)) << "where the last one ended";
+    EXPECT_EQ(prompts_.questions().value(1).start_folder, home_.filePath(u"Pictures"_s)) << "where the last one ended";
     ASSERT_TRUE(editor().execute(EditCommand::kUndo));
     EXPECT_EQ(images(), QStringList()) << "one step";
 }
 
 TEST_F(ImageCommands, WhatIsNoPictureForBrowsersIsRefused) {
-    ASSERT_TRUE(write_file(path(u"letter.jpg"_s), "Dear Ann"));
-    ASSERT_TRUE(write_file(path(u"raw.pgm"_s), "P2 1 1 255 7"));
-    ASSERT_TRUE(write_file(path(u"cut.png"_s), read_file(picture(u"a.png"_s, {90, 90}))->first(60)));
+    ASSERT_TRUE(write_file(home_.filePath(u"letter.jpg"_s), "Dear Ann"));
+    ASSERT_TRUE(write_file(home_.filePath(u"raw.pgm"_s), "P2 1 1 255 7"));
+    ASSERT_TRUE(write_file(home_.filePath(u"cut.png"_s), read_file(picture(u"a.png"_s, {90, 90}))->first(60)));
     const std::vector<std::pair<QString, QString>> cases{
         {u""_s, u"Insert all required data."_s},
-        {path(u"none.gif"_s), u"does not exist"_s},
-        {path(u"Pictures"_s), u"does not exist"_s},
-        {path(u"letter.jpg"_s), u"is not a picture that can be read"_s},
-        {path(u"raw.pgm"_s), u"Browsers do not show pictures of the kind PGM"_s},
-        {path(u"cut.png"_s), u"is damaged"_s}};
+        {home_.filePath(u"none.gif"_s), u"does not exist"_s},
+        {home_.filePath(u"Pictures"_s), u"does not exist"_s},
+        {home_.filePath(u"letter.jpg"_s), u"is not a picture that can be read"_s},
+        {home_.filePath(u"raw.pgm"_s), u"Browsers do not show pictures of the kind PGM"_s},
+        {home_.filePath(u"cut.png"_s), u"is damaged"_s}};
     run_form(u"mnu_ins_marchio"_s, u"Frm_Inserisci_Imm"_s, [&](const FormHand& hand) {
         hand.photograph(u"insert-image-empty"_s);
         for (const auto& [file, message] : cases) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QTemporaryDir>
+#include <QTest>
+#include <QWebEngineScript>
+#include <QWebEngineView>
 
 #include <gtest/gtest.h>
 
 #include "shell/editing/dhtml_edit.h"
-#include "tests/support/qt_text.h"
+#include "tests/support/page_hand.h"
+#include "tests/support/tables.h"
 
 namespace pondera {
 
@@ -18,7 +22,7 @@ class EditingFixture : public testing::Test {
     void load(const QString& page, const QString& name = QStringLiteral("page.htm"));
 
     /// Loads a page with that body.
-    void load_body(const QString& markup);
+    void load_body(const QString& markup) { load(u"<html><head></head><body>"_s + markup + u"</body></html>"_s); }
 
     /// Loads a body in which "[" and "]" stand at the ends of the selection ("|": the caret), and selects that.
     void load_selected(const QString& markup);
@@ -26,7 +30,7 @@ class EditingFixture : public testing::Test {
     /// Writes a plain coloured PNG of that size into the folder.
     void make_picture(const QString& name, QSize size);
 
-    void click(QPoint place, Qt::KeyboardModifiers modifiers = {});
+    void click(QPoint place);
     void double_click(QPoint place);
     void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {});
     void move_mouse(QPoint place, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {});
@@ -37,18 +41,20 @@ class EditingFixture : public testing::Test {
     void settle();
 
     /// Evaluates a script expression in the editing script's world.
-    QVariant evaluate(const QString& expression);
-
-    /// Selects the letters of the first text node that holds `text`, as a drag over them does.
-    void select_text(const QString& text);
+    QVariant evaluate(const QString& expression) {
+        return pondera::evaluate(*editor_.view()->page(), expression, QWebEngineScript::ApplicationWorld);
+    }
 
     static void put_on_clipboard(const QString& html, const QString& text);
 
     /// The markup inside BODY.
-    QString body();
+    QString body() { return body_of(editor_.text()); }
 
     /// The body without the line breaks that its spelling puts before blocks.
     QString text() { return body().remove(u'\n'); }
+
+    /// What receives the page's mouse and keys.
+    QWidget& view() { return *editor_.view()->focusProxy(); }
 
     QString path(const QString& name) const { return folder_.filePath(name); }
 

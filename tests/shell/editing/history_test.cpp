@@ -1,6 +1,3 @@
-#include <QWebEngineView>
-
-#include <array>
 #include <functional>
 #include <random>
 #include <ranges>
@@ -11,49 +8,45 @@ namespace pondera {
 
 const QString kPage =
     u"<html><head><title>t</title></head><body bgcolor=white>\n<p>one two <b>bold</b> three <font "
-    u"face=Arial>font</font> end</p>\n"
-    "<p><a href=\"l.htm\">link text</a> and <img src=a.png name=flow> pic</p><ul><li>item a</li><li>item "
-    "<i>b</i><ol><li>deep</li></ol></li></ul>"
-    "<h2>Head</h2><table border=1><tr><td>c1</td><td><p>c2</p></td></tr><tr><td>c3</td><td>c4 "
-    "<b>x</b></td></tr></table>"
-    "<p>line1<br>line2 <i>it</i><br>line3</p>loose text<br>more\n<div style=\"Z-INDEX: 4; LEFT: 400px; WIDTH: 200px; "
-    "POSITION: absolute; "
-    "TOP: 300px\">box text<p>box p</p></div><a href=\"i.htm\"><img name=pos src=a.png style=\"Z-INDEX: 5; LEFT: 300px; "
-    "POSITION: absolute; "
-    "TOP: 100px\"></a><!-- c --><pre>pre\n text</pre></body></html>"_s;
+    u"face=Arial>font</font>"
+    " end</p>\n<p><a href=\"l.htm\">link text</a> and <img src=a.png name=flow> pic</p><ul><li>item a</li><li>item "
+    "<i>b</i><ol><li>deep</li></ol></li></ul><h2>Head</h2><table border=1><tr><td>c1</td><td><p>c2</p></td></tr><tr>"
+    "<td>c3</td><td>c4 <b>x</b></td></tr></table><p>line1<br>line2 <i>it</i><br>line3</p>loose text<br>more\n"
+    "<div style=\"Z-INDEX: 4; LEFT: 400px; WIDTH: 200px; POSITION: absolute; TOP: 300px\">box text<p>box p</p></div>"
+    "<a href=\"i.htm\"><img name=pos src=a.png style=\"Z-INDEX: 5; LEFT: 300px; POSITION: absolute; TOP: 100px\"></a>"
+    "<!-- c --><pre>pre\n text</pre></body></html>"_s;
 
 class History : public EditingFixture {
   protected:
     /// One of the things that a person can do, anywhere on the page.
     void do_anything(std::mt19937& random) {
         using enum EditCommand;
-        const auto any = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+        const auto any = [&random](qsizetype below) { return static_cast<qsizetype>(random() % below); };
+        const auto any_of = [&any](const auto& list) { return list[any(list.size())]; };
         static const QList<EditCommand> kCommands{
             kBold,          kItalic,      kOrderedList,  kUnorderedList, kIndent, kOutdent,
             kJustifyCenter, kInsertTable, kBringForward, kLockElement,   kCut,    kUnlink,
             kHyperlink,     kSendToBack,  kUndo,         kSelectAll,     kDelete};
-        static const QStringList foreign{u"<p>foreign <b>bold</b></p><ul><li>i1<li>i2</ul>"_s,
-                                         u"<a href=\"http://x/\">in</a>"_s, QString()};
+        static const QList<Qt::Key> kKeys{Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Down};
+        static const QList<Qt::Key> kMoves{Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Delete};
+        static const QStringList kForeign{u"<p>foreign <b>bold</b></p><ul><li>i1<li>i2</ul>"_s,
+                                          u"<a href=\"http://x/\">in</a>"_s, QString()};
         const auto place_anywhere = [&] { place_caret(any(1000), any(3) ? 0 : any(60)); };
-        const std::array<std::function<void()>, 9> deeds{
+        const QList<std::function<void()>> deeds{
             [&] { type(QString(u"ab c"_s).first(1 + any(4))); },
-            [&] {
-                key(QList{Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Tab, Qt::Key_Down}[any(5)]);
-            },
+            [&] { key(any_of(kKeys)); },
             place_anywhere,
             place_anywhere,
             [&] { editor_.select_element(any(2) ? u"pos"_s : u"flow"_s); },
-            [&] {
-                key(QList{Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Delete}[any(4)]);
-            },
-            [&] { paste(foreign[any(3)]); },
+            [&] { key(any_of(kMoves)); },
+            [&] { paste(any_of(kForeign)); },
             [&] { editor_.replace_selection_parent(u"<P>rp <A href=\"p.htm\">x</A></P>"_s); },
-            [&] { editor_.execute(kCommands[any(static_cast<int>(kCommands.size()))]); }};
-        deeds[any(9)]();
+            [&] { editor_.execute(any_of(kCommands)); }};
+        any_of(deeds)();
     }
 
     /// Puts the caret into a letter of the text, or selects from there over `length` letters.
-    void place_caret(int seed, int length) {
+    void place_caret(qsizetype seed, qsizetype length) {
         evaluate(
             uR"((() => {
             const texts = [], walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);

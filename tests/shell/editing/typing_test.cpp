@@ -1,13 +1,8 @@
-#include <QTest>
-
 #include "tests/shell/editing/editing_fixture.h"
 
 namespace pondera {
 
-class Typing : public EditingFixture {
-  protected:
-    CommandStatus status(EditCommand command) { return editor_.status(command); }
-};
+class Typing : public EditingFixture {};
 
 TEST_F(Typing, GoesIntoTheTextAndIsTakenBackWordByWord) {
     load_selected(u"<p>Hello|</p>"_s);
@@ -29,31 +24,27 @@ TEST_F(Typing, GoesIntoTheTextAndIsTakenBackWordByWord) {
 
 TEST_F(Typing, ParagraphsStayApartAndBringNoLookAlong) {
     const QString page =
-        u"<head><style>h1 { color: #123456; font: 40px Georgia } .lead { color: #654321; font-size: 20px "
-        u"}</style></head>"
-        "<body><div><img src=a.png>\n<h1>Head</h1>\n<p class=lead>Words <font color=red>red</font></p></div></body>"_s;
-    load(page);
+        u"<style>h1 { color: #123456; font: 40px Georgia } .lead { color: #654321; font-size: 20px }</style>"
+        "<div><img src=a.png>\n<h1>Head</h1>\n<p class=lead>Words <font color=red>red</font></p></div>"_s;
+    const auto select = [this](const QString& range) {
+        evaluate(
+            u"{ const [div, h1, p] = ['div', 'h1', 'p'].map(name => document.querySelector(name));"
+            " getSelection().setBaseAndExtent(%1); }"_s.arg(range));
+    };
     // Three clicks select over the edge of the paragraph.
-    evaluate(
-        u"getSelection().setBaseAndExtent(document.querySelector('h1').firstChild, 0, document.querySelector('p'), 0)"_s);
-    type(u"New"_s);
-    EXPECT_THAT(body(), Holds(u"<H1>New</H1>\n<P class=lead>Words <FONT color=red>red</FONT></P>"_s));
-
-    load(page);
-    evaluate(
-        u"getSelection().setBaseAndExtent(document.querySelector('div'), 1, document.querySelector('h1').firstChild, 4)"_s);
-    type(u"New"_s);
-    EXPECT_THAT(body(), Holds(u"<H1>New</H1>"_s));
-
-    load(page);
-    evaluate(u"getSelection().collapse(document.querySelector('p').firstChild, 0)"_s);
+    for (const QString& range : {u"h1.firstChild, 0, p, 0"_s, u"div, 1, h1.firstChild, 4"_s}) {
+        load_body(page);
+        select(range);
+        type(u"New"_s);
+        EXPECT_THAT(body(), Holds(u"<H1>New</H1>\n<P class=lead>Words <FONT color=red>red</FONT></P>"_s));
+    }
+    load_body(page);
     const QString before = editor_.text();
+    select(u"p.firstChild, 0, p.firstChild, 0"_s);
     key(Qt::Key_Backspace);
-    EXPECT_THAT(body(), Holds(u"<H1>HeadWords <FONT color=red>red</FONT></H1>"_s));
     type(u"-"_s);
-    EXPECT_THAT(body(), Holds(u"<H1>Head-Words <FONT"_s));
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_THAT(body(), Holds(u"<H1>Head-Words <FONT color=red>red</FONT></H1>"_s));
+    for (int step = 0; step < 2; ++step) EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
     EXPECT_EQ(editor_.text(), before);
 
     load_selected(u"<p>one <b>t[wo</b></p><ul><li>three</li><li>fo]ur</li></ul><p>five</p>"_s);
@@ -62,12 +53,6 @@ TEST_F(Typing, ParagraphsStayApartAndBringNoLookAlong) {
     evaluate(u"getSelection().collapse(document.querySelectorAll('p')[0], 3)"_s);
     key(Qt::Key_Delete);
     EXPECT_EQ(body(), u"\n<P>one <B>t</B>urfive</P>"_s);
-}
-
-TEST_F(Typing, WhatTheConversionDeletesIsWrittenAsReferences) {
-    load_selected(u"<p>[x]</p>"_s);
-    type(u"§ç\\"_s);
-    EXPECT_EQ(body(), u"\n<P>&sect;&ccedil;&#92;</P>"_s);
 }
 
 TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
@@ -85,8 +70,8 @@ TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
     for (const auto& [command, value, result] : cases) {
         load_selected(u"<p>one [two] three</p>"_s);
         const QString before = editor_.text();
-        EXPECT_EQ(status(kUndo), CommandStatus::kDisabled);
-        EXPECT_EQ(status(command), CommandStatus::kEnabled);
+        EXPECT_EQ(editor_.status(kUndo), CommandStatus::kDisabled);
+        EXPECT_EQ(editor_.status(command), CommandStatus::kEnabled);
         EXPECT_TRUE(editor_.execute(command, value));
         EXPECT_EQ(text(), result);
         EXPECT_TRUE(editor_.execute(kUndo));
@@ -94,8 +79,8 @@ TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
         EXPECT_EQ(editor_.selection().text, u"two"_s);
     }
     load_selected(u"<p><b>[bold]</b> plain</p>"_s);
-    EXPECT_EQ(status(EditCommand::kBold), CommandStatus::kLatched);
-    EXPECT_EQ(status(EditCommand::kLockElement), CommandStatus::kDisabled);
+    EXPECT_EQ(editor_.status(EditCommand::kBold), CommandStatus::kLatched);
+    EXPECT_EQ(editor_.status(EditCommand::kLockElement), CommandStatus::kDisabled);
     EXPECT_EQ(editor_.status(static_cast<EditCommand>(4711)), CommandStatus::kNotSupported);
 }
 
@@ -110,30 +95,20 @@ TEST_F(Typing, ListsTakeTheParagraphsLookAndGiveItBack) {
     EXPECT_EQ(body(), before);
 }
 
-TEST_F(Typing, ALinkOverTextThatHoldsOneLinksAllOfIt) {
-    load(u"<body><p>one <a href=old.htm>two</a> three</p></body>"_s);
-    editor_.execute(EditCommand::kSelectAll);
-    EXPECT_TRUE(editor_.execute(EditCommand::kHyperlink, u"new.htm"_s));
-    EXPECT_EQ(body(), u"\n<P><A href=\"new.htm\">one two three</A></P>"_s);
-}
-
 TEST_F(Typing, OfficeMarkupIsCleanedOnPaste) {
     const std::vector<std::pair<QString, QString>> cases{
         {u"<html xmlns:o='urn:schemas'><head><style>p{x}</style></head><body><!--StartFragment-->"
-         "<h1 style='mso-x:1'>Head</h1><p class=MsoNormal style='margin:0'><span lang=EN "
-         "style='font-size:12pt;font-weight:bold'>Bold<o:p></o:p></span>"
-         "&nbsp;and <i>it</i></p><p class=MsoNormal><o:p>&nbsp;</o:p></p><!--EndFragment--></body></html>"_s,
+         "<h1 style='mso-x:1'>Head</h1><p class=MsoNormal style='margin:0'><span lang=EN style='font-weight:bold'>Bold"
+         "<o:p></o:p></span>&nbsp;and <i>it</i></p><p class=MsoNormal><o:p>&nbsp;</o:p></p><!--EndFragment-->"_s,
          u"<H1>Head</H1>\n<P><B>Bold</B>&nbsp;and <I>it</I></P>"_s},
-        {u"<p class=MsoListParagraph style='mso-list:l0 level1 lfo1'><span "
-         u"style='mso-list:Ignore'>·<span>&nbsp;</span></span>a</p>"
+        {u"<p class=MsoListParagraph style='mso-list:l0 level1 lfo1'><span style='mso-list:Ignore'>·</span>a</p>"
          "<p style='mso-list:l0 level2 lfo1'><span style='mso-list:Ignore'>1.</span>b</p>"
-         "<p style='mso-list:l0 level1 lfo1'><span style='mso-list:Ignore'>·</span>c</p>"_s,
+         "<p style='mso-list:l0 level1 lfo1'><span style='mso-list:Ignore'>·<span>&nbsp;</span></span>c</p>"_s,
          u"<UL>\n<LI>a\n<OL>\n<LI>b</LI></OL></LI>\n<LI>c</LI></UL>"_s},
-        {u"<b style='font-weight:normal' id=docs><p><span style='font-weight:700'>x</span> <a "
-         u"href='javascript:evil()'>bad</a>"
-         "<a href='http://example.org/'>good</a></p></b>"_s,
+        {u"<b style='font-weight:normal' id=docs><p><span style='font-weight:700'>x</span> "
+         "<a href='javascript:evil()'>bad</a><a href='http://example.org/'>good</a></p></b>"_s,
          u"<P><B>x</B> bad<A href=\"http://example.org/\">good</A></P>"_s},
-        {u"<table class=t><tr><td style='width:3cm' colspan=2><p>1</p></td></tr></table><img src='file:///c:/x.png'><script>1</script>"_s,
+        {u"<table class=t><tr><td style='width:3cm' colspan=2><p>1</p></table><img src='file:///c:/x.png'><script>1</script>"_s,
          u"<TABLE border=1>\n<TBODY>\n<TR>\n<TD colspan=2>1</TD></TR></TBODY></TABLE>"_s},
     };
     for (const auto& [html, result] : cases) {

@@ -1,12 +1,5 @@
 #include "shell/links/link_commands.h"
 
-#include <QWebEnginePage>
-#include <QWebEngineScript>
-#include <QWebEngineView>
-#include <QtWidgets>
-
-#include "base/text_file.h"
-#include "shell/editing/dhtml_edit.h"
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
@@ -15,24 +8,19 @@ namespace pondera {
 class LinkCommands : public WindowFixture {
   protected:
     void show_page(const QString& body) {
-        for (const QString& file : {u"§_4_Trips.htm"_s, u"_4_Trips.htm"_s}) write(u"Shop"_s, file, body);
+        write_page(u"Shop"_s, u"_4_Trips.htm"_s, body);
         workbench().close_website();  // what was done on the page before is given up
         open(u"Shop"_s);
         ASSERT_TRUE(workbench().load(u"_4_Trips.htm"_s));
     }
 
-    QString body() {
-        const QString text = editor().text();
-        const qsizetype begin = text.indexOf(u'>', text.indexOf(u"<BODY"_s)) + 1;
-        return text.sliced(begin, text.indexOf(u"</BODY>"_s) - begin).remove(u'\r').remove(u'\n');
-    }
+    QString body() { return body_of(editor().text()).remove(u'\r').remove(u'\n'); }
 
     /// Selects what is in the element that a selector names.
     void select(const QString& selector) {
         const QString script =
             u"pondera.selection.select(null); getSelection().selectAllChildren(document.querySelector('%1')); 1"_s;
-        evaluate(*find<DHTMLEdit>(u"DHTMLEdit1"_s).view()->page(), script.arg(selector),
-                 QWebEngineScript::ApplicationWorld);
+        evaluate(web_page(), script.arg(selector), QWebEngineScript::ApplicationWorld);
     }
 
     /// Runs Link on the words of a page that is a paragraph "one".
@@ -44,8 +32,6 @@ class LinkCommands : public WindowFixture {
 
     /// Runs Link on what is selected.
     void link(const ScriptedPrompts::Filler& fill) { run_form(u"Rendi_inter"_s, u"frm_collegamento"_s, fill); }
-
-    [[nodiscard]] QString path(const QString& name) const { return home_.filePath(name); }
 };
 
 static QString linked(const QString& address) {
@@ -85,12 +71,12 @@ TEST_F(LinkCommands, LinkToAnAddressIsCompletedOrRefused) {
 }
 
 TEST_F(LinkCommands, LinkToAFileOfThisComputerBringsItIn) {
-    ASSERT_TRUE(write_file(path(u"Price list.pdf"_s), "%PDF"));
+    const QString price_list = home_.filePath(u"Price list.pdf"_s);
+    ASSERT_TRUE(write_file(price_list, "%PDF"));
     for (int twice = 0; twice < 2; ++twice) {
         link_words([&](const FormHand& form) {
-            prompts_.expect_message(u"Choose the file"_s).expect_file(path(u"Price list.pdf"_s));
-            form.click(u"link_to_file"_s).click(u"OKButton"_s).click(u"choose_file"_s);
-            form.photograph(u"link_file"_s).click(u"OKButton"_s);
+            prompts_.expect_message(u"Choose the file"_s).expect_file(price_list);
+            form.click(u"link_to_file"_s).click(u"OKButton"_s).click(u"choose_file"_s).click(u"OKButton"_s);
         });
         EXPECT_EQ(body(), linked(u"Price-list.pdf"_s));
     }
@@ -119,12 +105,10 @@ TEST_F(LinkCommands, LinkSaysWhyNotAndTheTreeLinksByTheSameRules) {
     show_page(u"<p>one <a href=\"javascript:esempio('_x_Map.htm');\">map</a></p>"_s);
     prompts_.expect_message(u"Select the words or the picture"_s);
     run(u"Rendi_inter"_s);
+    const QString refusal = u"It is not possible to change the link already existing.\nDelete the link to popup"_s;
     for (const QString& place : {u"a"_s, u"p"_s}) {
         select(place);
-        prompts_
-            .expect_message(
-                u"It is not possible to change the link already existing.\nDelete the link to popup and create a new one."_s)
-            .expect_message(u"It is not possible to change the link"_s);
+        prompts_.expect_message(refusal).expect_message(refusal);
         choose(u"Rendi_inter"_s);
         link_selection_to(workbench(), u"index.htm"_s);
     }
@@ -149,8 +133,7 @@ TEST_F(LinkCommands, AnchorsAreNamedChangedAndRemoved) {
         form.type(u"txtName"_s, u"TOP"_s).click(u"OKButton"_s).type(u"txtName"_s, u"sea"_s).press(Qt::Key_Return);
     });
     EXPECT_TRUE(body().endsWith(u"<P><A id=sea>By the sea</A></P>"_s)) << body().toStdString();
-    name(
-        [](const FormHand& form) { form.photograph(u"anchor"_s).type(u"txtName"_s, u"beach"_s).click(u"OKButton"_s); });
+    name([](const FormHand& form) { form.type(u"txtName"_s, u"beach"_s).click(u"OKButton"_s); });
     EXPECT_TRUE(body().endsWith(u"<P><A id=beach>By the sea</A></P>"_s));
     name([](const FormHand& form) { form.click(u"remove_anchor"_s); });
     EXPECT_TRUE(body().endsWith(u"<P>By the sea</P>"_s));

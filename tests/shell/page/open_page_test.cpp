@@ -1,12 +1,8 @@
-#include "shell/page/open_page.h"
-
-#include "base/text_file.h"
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
 
 using testing::AllOf;
-using testing::HasSubstr;
 
 /// Pages of the Website "Shop", which is open, written as they may come from anywhere.
 class OpenPageTest : public WindowFixture {
@@ -16,10 +12,7 @@ class OpenPageTest : public WindowFixture {
         WindowFixture::open(u"Shop"_s);
     }
 
-    [[nodiscard]] std::string bytes(const QString& name) const {
-        return read_file(shop(name)).value_or("no file").toStdString();
-    }
-    [[nodiscard]] std::string text() { return editor().text().toStdString(); }
+    [[nodiscard]] QByteArray bytes(const QString& name) const { return read_file(shop(name)).value_or("no file"); }
 
     void write(const QString& name, const QByteArray& bytes) const { ASSERT_TRUE(write_file(shop(name), bytes)); }
     void write_page(const QString& name, const QByteArray& body) const {
@@ -50,28 +43,23 @@ TEST_F(OpenPageTest, EditingCopyIsFoundInTheLoadersOrder) {
     ASSERT_TRUE(QFile::remove(shop(u"§Trips.htm"_s)));
     ASSERT_TRUE(workbench().load(u"Trips"_s));
     EXPECT_EQ(page(), u"_2_Trips.htm"_s) << "the lowest digit first";
-}
 
-TEST_F(OpenPageTest, APublishedPageAloneGetsAnEditingCopy) {
     write_page(u"_y_Guest.htm"_s, "<p>from outside");
     ASSERT_TRUE(workbench().load(u"_y_Guest.htm"_s));
-    EXPECT_EQ(bytes(u"§_y_Guest.htm"_s), bytes(u"_y_Guest.htm"_s));
+    EXPECT_EQ(bytes(u"§_y_Guest.htm"_s), bytes(u"_y_Guest.htm"_s)) << "a published page alone gets one";
 }
 
 TEST_F(OpenPageTest, WhatCannotBeLoadedIsToldAndThePageBeforeStays) {
     open(u"_4_A.htm"_s, "page A");
     write(u"_4_Frames.htm"_s, "<HTML><FRAMESET cols=\"1,2\"><FRAME src=a></FRAMESET></HTML>");
-    const std::vector<std::pair<QString, QString>> cases{
-        {u"_4_Frames.htm"_s, u"Error: the document contains a frameset!."_s},
-        {u"_4_Gone.htm"_s, u"Error: File not found!."_s},
-        {u"../Shop/_4_A.htm"_s, u"Error: invalid path!."_s},
-    };
-    for (const auto& [name, message] : cases) {
+    for (const auto& [name, message] : {std::pair{u"_4_Frames.htm"_s, u"Error: the document contains a frameset!."_s},
+                                        {u"_4_Gone.htm"_s, u"Error: File not found!."_s},
+                                        {u"../Shop/_4_A.htm"_s, u"Error: invalid path!."_s}}) {
         prompts_.expect_message(message);
         EXPECT_FALSE(workbench().load(name));
         EXPECT_FALSE(QFileInfo::exists(shop(u'§' + name))) << "no editing copy is left of what cannot be edited";
         EXPECT_EQ(page(), u"_4_A.htm"_s);
-        EXPECT_THAT(text(), HasSubstr("page A"));
+        EXPECT_THAT(editor().text(), Holds(u"page A"_s));
     }
     prompts_.expect_message(u"Error: invalid path!."_s);
     EXPECT_FALSE(workbench().open_website(u"Gone"_s));
@@ -84,11 +72,11 @@ TEST_F(OpenPageTest, SavingWritesEditingCopyAndPublishedPageInTheEncodingOfThePa
     EXPECT_TRUE(editor().modified());
     ASSERT_TRUE(workbench().save());
     EXPECT_FALSE(editor().modified());
-    EXPECT_THAT(bytes(u"§_4_A.htm"_s), AllOf(HasSubstr("<P>caff\xE8</P>"), HasSubstr("href=\"\xA7_4_B.htm\"")));
-    EXPECT_THAT(bytes(u"_4_A.htm"_s), AllOf(HasSubstr("<P>caff\xE8</P>"), HasSubstr("href=\"_4_B.htm\""),
-                                            HasSubstr("src=\"media/img/a.gif\"")));
+    EXPECT_THAT(bytes(u"§_4_A.htm"_s), AllOf(Holds("<P>caff\xE8</P>"), Holds("href=\"\xA7_4_B.htm\"")));
+    EXPECT_THAT(bytes(u"_4_A.htm"_s),
+                AllOf(Holds("<P>caff\xE8</P>"), Holds("href=\"_4_B.htm\""), Holds("src=\"media/img/a.gif\"")));
 
-    const std::string first = bytes(u"§_4_A.htm"_s) + bytes(u"_4_A.htm"_s);
+    const QByteArray first = bytes(u"§_4_A.htm"_s) + bytes(u"_4_A.htm"_s);
     ASSERT_TRUE(workbench().save());
     EXPECT_EQ(bytes(u"§_4_A.htm"_s) + bytes(u"_4_A.htm"_s), first) << "saved untouched, the same bytes";
 }
@@ -100,19 +88,19 @@ TEST_F(OpenPageTest, AnotherProgramsChangeIsNeverOverwrittenUnasked) {
 
     prompts_.expect_message(u"changed by another program"_s, Answer::kCancel);
     EXPECT_FALSE(workbench().save());
-    EXPECT_THAT(bytes(u"§_4_A.htm"_s), HasSubstr("theirs"));
+    EXPECT_THAT(bytes(u"§_4_A.htm"_s), Holds("theirs"));
 
     prompts_.expect_message(u"changed by another program"_s, Answer::kReload);
     EXPECT_FALSE(workbench().save());
-    EXPECT_THAT(text(), HasSubstr("theirs"));
+    EXPECT_THAT(editor().text(), Holds(u"theirs"_s));
     EXPECT_TRUE(workbench().save()) << "what was loaded is not asked about again";
 
     write_page(u"§_4_A.htm"_s, "theirs again");
     prompts_.expect_message(u"changed by another program"_s, Answer::kOverwrite);
     ASSERT_TRUE(editor().execute(EditCommand::kUndo)) << "the page before it was loaded";
     EXPECT_TRUE(workbench().save());
-    EXPECT_THAT(bytes(u"§_4_A.htm"_s), HasSubstr("<P>mine</P>"));
-    EXPECT_THAT(bytes(u"_4_A.htm"_s), HasSubstr("<P>mine</P>"));
+    EXPECT_THAT(bytes(u"§_4_A.htm"_s), Holds("<P>mine</P>"));
+    EXPECT_THAT(bytes(u"_4_A.htm"_s), Holds("<P>mine</P>"));
 
     ASSERT_TRUE(QFile::remove(shop(u"§_4_A.htm"_s)));
     prompts_.expect_message(u"Error: File not found!."_s);

@@ -1,7 +1,5 @@
 #include "shell/pages/page_list.h"
 
-#include <QtWidgets>
-
 #include "shell/pages/frm_collegamento_popup.h"
 #include "tests/shell/window/window_fixture.h"
 

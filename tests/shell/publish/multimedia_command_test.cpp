@@ -1,20 +1,12 @@
-#include <QtWidgets>
-
-#include "base/files.h"
-#include "base/text_file.h"
-#include "site/first_start.h"
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
-
-using Filler = ScriptedPrompts::Filler;
 
 class MultimediaCommand : public WindowFixture {
   protected:
     void SetUp() override {
         WindowFixture::SetUp();
-        for (const char* shipped : {PONDERA_SOURCE_DIR "/system", PONDERA_PLAYER_DIR})
-            ASSERT_TRUE(install_shipped_files(QString::fromUtf8(shipped), roots_)) << shipped;
+        have_shipped_files();
         open(u"Shop"_s);
     }
 
@@ -48,7 +40,7 @@ TEST_F(MultimediaCommand, SavesThePageAndMakesAPackageWhoseProgramsCanBeStarted)
 TEST_F(MultimediaCommand, TellsAllThatFailedAndCanBeTriedAgain) {
     const QString autorun = QDir(roots_.tools_folder()).filePath(u"AUTORUN.INF"_s);
     const QByteArray bytes = read_file(autorun).value();
-    ASSERT_TRUE(remove_file(autorun));
+    ASSERT_TRUE(QFile::remove(autorun));
     prompts_
         .expect_form(u"frm_player"_s,
                      [&](const FormHand& form) {

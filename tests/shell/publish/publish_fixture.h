@@ -1,8 +1,5 @@
 #pragma once
 
-#include <QTest>
-#include <QtWidgets>
-
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
@@ -24,6 +21,8 @@ class PublishFixture : public WindowFixture {
     static QString info(const FormHand& form) {
         return form.widget<QPlainTextEdit>(QStringLiteral("Info")).toPlainText();
     }
+
+    static bool connected(const FormHand& form) { return info(form).startsWith(QStringLiteral("Connected.")); }
 
     /// Presses a button and waits until the work that it began has ended.
     static void do_and_wait(const FormHand& form, const QString& button) {

@@ -1,10 +1,6 @@
 #include "shell/website/website_commands.h"
 
-#include <QtWidgets>
-
-#include "base/text_file.h"
 #include "shell/website/recent_websites.h"
-#include "site/first_start.h"
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
@@ -14,7 +10,7 @@ class WebsiteCommands : public WindowFixture {
   protected:
     void SetUp() override {
         WindowFixture::SetUp();
-        ASSERT_TRUE(install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR "/system"), roots_));
+        have_shipped_files();
     }
 };
 

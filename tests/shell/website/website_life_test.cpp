@@ -1,7 +1,4 @@
-#include <QtWidgets>
-
 #include "shell/website/recent_websites.h"
-#include "site/first_start.h"
 #include "site/interface_models.h"
 #include "site/website_creation.h"
 #include "site/website_listing.h"
@@ -127,7 +124,7 @@ TEST_F(WebsiteLife, DeletionAsksTwiceAndTheWindowForgetsTheWebsite) {
 }
 
 TEST_F(WebsiteLife, ModelsAreSavedShownReplacedAndDeleted) {
-    ASSERT_TRUE(install_shipped_files(QStringLiteral(PONDERA_SOURCE_DIR "/system"), roots_));
+    have_shipped_files();
     ASSERT_TRUE(create_website_folder(roots_, u"Bakery"_s));
     ASSERT_TRUE(fill_website(roots_, {u"Bakery"_s, u"Store_Interface"_s, 1}));
     open(u"Bakery"_s);

@@ -1,8 +1,5 @@
 #include "workbench/progress.h"
 
-#include <QTest>
-#include <QtWidgets>
-
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {

@@ -1,8 +1,3 @@
-#include <QTest>
-#include <QWebEngineView>
-#include <QtWidgets>
-
-#include "base/text_file.h"
 #include "shell/browser_version.h"
 #include "shell/frm_settings.h"
 #include "shell/frm_wizard.h"
@@ -98,7 +93,7 @@ TEST_F(StartTest, TheHelpViewerShowsPagesOfTheHelpFolderOnly) {
     EXPECT_TRUE(shows(u"image help"_s));
     help.open({u"/_HELP/_6_Gone.htm"_s, {}, {}});
     EXPECT_TRUE(shows(u"There is no such help page"_s));
-    view->page()->runJavaScript(u"document.querySelector('a').click()"_s);
+    evaluate(*view->page(), u"document.querySelector('a').click()"_s);
     EXPECT_TRUE(shows(u"all help pages"_s));
     QTest::keyClick(&help, Qt::Key_Escape);
     EXPECT_FALSE(help.isVisible());
@@ -108,26 +103,24 @@ TEST_F(StartTest, HelpOpensThePageOfTheLastCommandInTheViewerThatWasPlaced) {
     const auto program = [&](const QString& name, const QByteArray& text) {
         EXPECT_TRUE(write_file(home_.filePath(name), text));
         QFile::setPermissions(home_.filePath(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        return home_.filePath(name);
+        EXPECT_TRUE(place_help_viewer(home_.filePath(name), roots_));
     };
-    const QString viewer = program(u"viewer"_s, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.arguments\"\n");
-    for (const QString& each : {program(u"old"_s, "#!/bin/false\n"), viewer, viewer})
-        ASSERT_TRUE(place_help_viewer(each, roots_));
+    program(u"old"_s, "#!/bin/false\n");
+    for (int start = 0; start < 2; ++start) program(u"viewer"_s, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.arguments\"\n");
     const QString placed = QDir(roots_.tools_folder()).filePath(u"Help.exe"_s);
-    const auto opened = [&](const QString& page) {
-        return QTest::qWaitFor(
-            [&] { return read_file(placed + u".arguments"_s).value_or(QByteArray()).startsWith(page.toUtf8()); });
+    const auto opened = [&](const QByteArray& page) {
+        return QTest::qWaitFor([&] { return read_file(placed + u".arguments"_s).value_or("").startsWith(page); });
     };
     choose(u"mnu_help"_s);
-    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Window.htm|+/CAPTION:Help - Window|"_s));
+    EXPECT_TRUE(opened("/PERCORSO:/_HELP/_6_Window.htm|+/CAPTION:Help - Window|"));
     open(u"Shop"_s);
     choose(u"mnu_salva"_s);
     choose(u"mnu_help"_s);
-    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Save.htm|"_s));
+    EXPECT_TRUE(opened("/PERCORSO:/_HELP/_6_Save.htm|"));
 
     settings_.setValue("Automatic Help"_L1, u"1"_s);
     choose(u"mnu_select_all"_s);
-    EXPECT_TRUE(opened(u"/PERCORSO:/_HELP/_6_Edit.htm|"_s));
+    EXPECT_TRUE(opened("/PERCORSO:/_HELP/_6_Edit.htm|"));
     QFile::remove(placed);
     run_told(u"mnu_help"_s, u"The help viewer cannot be started"_s);
 }

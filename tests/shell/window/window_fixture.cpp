@@ -1,30 +1,22 @@
 #include "tests/shell/window/window_fixture.h"
 
-#include <QTest>
-#include <QTestEventLoop>
-#include <QWebEnginePage>
-#include <QtWidgets>
-
-#include <optional>
-
-#include "base/text_file.h"
 #include "shell/site_tree.h"
+#include "site/first_start.h"
+#include "site/page_name.h"
 
 namespace pondera {
 
 void WindowFixture::SetUp() {
     have_website(u"Shop"_s);
     have_website(u"Empty"_s);
-    for (const QString& file : {u"§_4_Trips.htm"_s, u"_4_Trips.htm"_s})
-        write(u"Shop"_s, file, u"<P>Trips to the sea</P>"_s);
-    for (const QString& file : {u"§_x_Map.htm"_s, u"_x_Map.htm"_s}) write(u"Shop"_s, file, u"<P>A map</P>"_s);
+    write_page(u"Shop"_s, u"_4_Trips.htm"_s, u"<P>Trips to the sea</P>"_s);
+    write_page(u"Shop"_s, u"_x_Map.htm"_s, u"<P>A map</P>"_s);
     start();
 }
 
 void WindowFixture::have_website(const QString& website) {
     QDir().mkpath(roots_.website(website) + u"/media/img"_s);
-    for (const QString& file : {u"çindex.htm"_s, u"index.htm"_s})
-        write(website, file, u"<P>Home of %1</P>"_s.arg(website));
+    write_page(website, u"index.htm"_s, u"<P>Home of %1</P>"_s.arg(website));
 }
 
 void WindowFixture::start() {
@@ -33,10 +25,19 @@ void WindowFixture::start() {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
 }
 
+void WindowFixture::have_shipped_files() {
+    for (const char* shipped : {PONDERA_SOURCE_DIR "/system", PONDERA_PLAYER_DIR})
+        ASSERT_TRUE(install_shipped_files(QString::fromUtf8(shipped), roots_)) << shipped;
+}
+
 void WindowFixture::write(const QString& website, const QString& file, const QString& body) {
     const QString text =
         u"<HTML><HEAD><META charset=utf-8><TITLE>x</TITLE></HEAD>\r\n<BODY>%1</BODY></HTML>\r\n"_s.arg(body);
     ASSERT_TRUE(write_text_file(QDir(roots_.website(website)).filePath(file), text, TextEncoding::kUtf8));
+}
+
+void WindowFixture::write_page(const QString& website, const QString& page, const QString& body) {
+    for (const QString& file : {page, editing_copy_name(page)}) write(website, file, body);
 }
 
 QString WindowFixture::read(const QString& website, const QString& file) const {
@@ -85,19 +86,6 @@ QString WindowFixture::make_picture(const QString& file, QSize size) const {
     const QString path = QDir(home_.path()).filePath(file);
     EXPECT_TRUE(QDir().mkpath(QFileInfo(path).path()) && picture.save(path, "PNG")) << path.toStdString();
     return path;
-}
-
-QVariant WindowFixture::evaluate(QWebEnginePage& page, const QString& script, quint32 world) {
-    // The engine may answer after the wait was given up.
-    const auto loop = std::make_shared<QTestEventLoop>();
-    const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, world, [answer, loop](const QVariant& value) {
-        *answer = value;
-        loop->exitLoop();
-    });
-    if (!*answer) loop->enterLoopMSecs(5000);
-    EXPECT_TRUE(answer->has_value()) << script.toStdString();
-    return answer->value_or(QVariant());
 }
 
 }  // namespace pondera

@@ -1,17 +1,20 @@
 #pragma once
 
-#include <QDir>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "base/roots.h"
+#include "base/text_file.h"
+#include "shell/editing/dhtml_edit.h"
 #include "shell/main_form.h"
+#include "tests/support/page_hand.h"
 #include "tests/support/scripted_prompts.h"
-
-class QWebEnginePage;
 
 namespace pondera {
 
@@ -28,6 +31,7 @@ class WindowFixture : public testing::Test {
 
     void have_website(const QString& website);  ///< with a home page alone
     void write(const QString& website, const QString& file, const QString& body);
+    void write_page(const QString& website, const QString& page, const QString& body);  ///< and its editing copy
     [[nodiscard]] QString read(const QString& website, const QString& file) const;
 
     template <typename T>
@@ -49,8 +53,12 @@ class WindowFixture : public testing::Test {
     void click_in_tree(const QString& page);
     void change_page(const QString& text = QStringLiteral("changed"));  ///< an unsaved change
 
-    /// The value of a script expression in a page shown, in the page's own world (0) or another.
-    static QVariant evaluate(QWebEnginePage& page, const QString& script, quint32 world = 0);
+    /// What the program ships, as its first start brings it to the folders.
+    void have_shipped_files();
+
+    DHTMLEdit& control() { return find<DHTMLEdit>(QStringLiteral("DHTMLEdit1")); }
+    QWidget& page_view() { return *control().view()->focusProxy(); }  ///< receives the page's mouse and keys
+    QWebEnginePage& web_page() { return *control().view()->page(); }
 
     /// The path of a file of the Website "Shop".
     [[nodiscard]] QString shop(const QString& file = {}) const {
