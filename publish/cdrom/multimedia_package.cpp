@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/roots.h"
 #include "publish/cdrom/support_files.h"
+#include "publish/folder/folder_summary.h"
 #include "publish/sending/folder_publication.h"
 #include "site/published_files.h"
 
@@ -76,10 +77,9 @@ class Making {
         };
         const auto published =
             publish_to_folder(roots_, website_, folders_.package, PublicationMode::kTotal, true, on_step, place_file_);
-        if (!published)
-            end_.faults += u"Errore nella copia dei files.\n"_s + fault_sentence(published.error());
-        else
-            end_.cancelled = published->cancelled;
+        end_.cancelled = published && published->cancelled;
+        const QString why = published ? refused_files(*published) : fault_sentence(published.error());
+        if (!why.isEmpty()) end_.faults += u"Errore nella copia dei files.\n"_s + why;
     }
 
     void step() { end_.cancelled = !go_on(steps_, ++done_, own_steps_ + website_steps_); }

@@ -28,6 +28,13 @@ QLabel* text_label(const QString& name, int lines) {
     return label;
 }
 
+/// There are several disks: it is told which one is full.
+QString fault_in_folder(const FileError& fault, const QString& folder) {
+    const bool is_full = fault.number == FaultNumber::kDiskFull || fault.number == FaultNumber::kWriteDiskFull;
+    if (!is_full || !fault.path.startsWith(QDir::toNativeSeparators(folder))) return fault_sentence(fault);
+    return u"There is no room left in %1."_s.arg(QDir::toNativeSeparators(folder));
+}
+
 }  // namespace
 
 Frm_Pubblica_Cartella::Frm_Pubblica_Cartella(Workbench& workbench, Prepare prepare)
@@ -171,8 +178,9 @@ void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<
     if (!published) {
         bar_->reset();
         state_->setText(u"Not everything was published. Publish again to go on from here."_s);
-        return workbench_.prompts().tell(u"The Website was not published.\n\n"_s + fault_sentence(published.error()),
-                                         MessageIcon::kCritical);
+        return workbench_.prompts().tell(
+            u"The Website was not published.\n\n"_s + fault_in_folder(published.error(), folder),
+            MessageIcon::kCritical);
     }
     state_->setText(folder_summary(*published));
     if (!whole) return bar_->reset();
@@ -185,6 +193,10 @@ void Frm_Pubblica_Cartella::show_result(const QString& folder, const FileResult<
     link_->setText(u"%1<a href=\"%2\">%3</a>"_s.arg(
         lead, QUrl::fromLocalFile(home).toString(QUrl::FullyEncoded).toHtmlEscaped(), shown.toHtmlEscaped()));
     close_->setText(u"Close"_s);
+    if (!published->refused.isEmpty())
+        workbench_.prompts().tell(
+            u"The drive does not take these files. All others are in order.\n\n"_s + refused_files(*published),
+            MessageIcon::kExclamation);
 }
 
 void Frm_Pubblica_Cartella::set_running(bool running) {

@@ -2,11 +2,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QSet>
 
 #include <array>
 #include <chrono>
 #include <filesystem>
+#include <tuple>
 
 #include "base/files.h"
 #include "base/roots.h"
@@ -31,6 +33,13 @@ FileResult<void> renamed(const QString& from, const QString& to) {
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
     if (error) return std::unexpected(file_error_of(error, to));
     return {};
+}
+
+/// Why a drive refuses a file, in words for a person: systems have many numbers for a name that it cannot hold.
+QString words_of_refusal(const QString& path, const FileError& error) {
+    const bool is_special = QStringView(path).contains(u'\\') ||
+                            std::ranges::any_of(path, [](QChar c) { return QStringView(u":?*\"<>|").contains(c); });
+    return is_special ? u"this drive takes no names with : ? * \" < > | or \\"_s : fault_words(error);
 }
 
 bool holds(const QString& path, const QByteArray& checksum) {
@@ -64,14 +73,17 @@ class Publication {
             files_ = total;
             return go_on(steps_, done, 2 * total);
         };
-        const FileResult<WebsiteSurvey> survey = survey_website(roots_, website_, first_half);
+        FileResult<WebsiteSurvey> survey = survey_website(roots_, website_, first_half);
         if (!survey) return std::unexpected(survey.error());
         if (survey->cancelled) return FolderPublication{.cancelled = true};
         FileResult<PublicationRecord> record =
             PublicationRecord::open(roots_.website(website_), Destination::in_folder(target_.path()));
         if (!record) return std::unexpected(record.error());
-        const PublicationPlan plan = plan_publication(*survey, mode, *record, present(*record), remove_deleted);
-        const FileResult<void> published = publish(*survey, plan, *record);
+        if (auto made = make_folders(); !made) return std::unexpected(made.error());
+        if (knows_no_case_) refuse_same_names(*survey, *record);
+        PublicationPlan plan = plan_publication(*survey, mode, *record, present(*record), remove_deleted);
+        plan.remove.removeIf([this](const QString& path) { return names_.contains(path.toLower()); });
+        const FileResult<void> published = publish(plan, *record);
         // Whatever became of it, what lies there counts.
         const FileResult<void> closed = record->close();
         if (!published) return std::unexpected(published.error());
@@ -80,8 +92,33 @@ class Publication {
     }
 
   private:
+    FileResult<void> make_folders() {
+        for (const QStringView folder : kFolders)
+            if (const QString path = target_.filePath(folder.toString()); !QFileInfo(path).isDir())
+                if (auto made = create_folder(path); !made) return made;
+        knows_no_case_ = QFileInfo::exists(target_.filePath(u"MEDIA"_s));
+        return {};
+    }
+
+    /// On a drive that takes capital letters for small ones, one of two files would replace the other: that which was
+    /// published stays, else the first.
+    void refuse_same_names(WebsiteSurvey& survey, const PublicationRecord& record) {
+        for (const PublishedFile& file : survey.files) {
+            QString& name = names_[file.path.toLower()];
+            if (name.isEmpty() || record.files().contains(file.path)) name = file.path;
+        }
+        survey.files.removeIf([this](const PublishedFile& file) {
+            const QString other = names_.value(file.path.toLower());
+            if (other == file.path) return false;
+            const QString why =
+                u"this drive cannot hold it beside %1, which differs by capital letters only"_s.arg(other);
+            result_.refused << RefusedFile{.path = file.path, .reply = why};
+            return true;
+        });
+    }
+
     /// What lies in the folder; a file that is not as recorded has no size.
-    [[nodiscard]] RemoteFiles present(const PublicationRecord& record) const {
+    [[nodiscard]] RemoteFiles present(const PublicationRecord& record) {
         RemoteFiles found;
         for (const QStringView name : kFolders) {
             const QString folder = name.toString();
@@ -90,6 +127,7 @@ class Publication {
             if (dir.exists()) found.folders << folder;
             for (const QFileInfo& file : dir.entryInfoList(QDir::Files | QDir::Hidden)) {
                 const QString path = folder.isEmpty() ? file.fileName() : folder + u'/' + file.fileName();
+                lying_.insert(path);
                 if (is_as_recorded(file, record.files().value(path))) found.sizes.insert(path, file.size());
             }
         }
@@ -104,11 +142,7 @@ class Publication {
         return std::chrono::abs(apart) <= kTimeStep || holds(file.filePath(), known.checksum);
     }
 
-    FileResult<void> publish(const WebsiteSurvey& survey, const PublicationPlan& plan, PublicationRecord& record) {
-        for (const QStringView folder : kFolders)
-            if (const QString path = target_.filePath(folder.toString()); !QFileInfo(path).isDir())
-                if (auto made = create_folder(path); !made) return made;
-        if (auto distinct = check_names(survey); !distinct) return distinct;
+    FileResult<void> publish(const PublicationPlan& plan, PublicationRecord& record) {
         for (const QString& path : QStringList(record.unfinished().values())) QFile::remove(temporary_of(path));
         total_ = static_cast<int>(plan.send.size() + plan.remove.size());
         for (const PublishedFile& file : plan.send) {
@@ -117,25 +151,13 @@ class Publication {
         }
         for (const QString& path : plan.remove) {
             if (!goes_on()) return {};
-            if (auto removed = remove_file(target_.filePath(path)); !removed) return removed;
+            ++done_;
+            if (auto removed = remove_file(target_.filePath(path)); !removed) {
+                result_.refused << RefusedFile{.path = path, .reply = fault_words(removed.error())};
+                continue;
+            }
             if (auto noted = record.forget(path); !noted) return noted;
             ++result_.removed;
-            ++done_;
-        }
-        return {};
-    }
-
-    /// On a medium that takes capital letters for small ones, one of two files would replace the other.
-    [[nodiscard]] FileResult<void> check_names(const WebsiteSurvey& survey) const {
-        if (!QFileInfo::exists(target_.filePath(u"MEDIA"_s))) return {};
-        QSet<QString> names;
-        for (const PublishedFile& file : survey.files) {
-            if (names.contains(file.path.toLower()))
-                return std::unexpected(FileError{
-                    .number = FaultNumber::kUnexpected,
-                    .path = QDir::toNativeSeparators(file.path),
-                    .reason = u"another file has this name in other letters, and this drive cannot hold both"_s});
-            names.insert(file.path.toLower());
         }
         return {};
     }
@@ -152,28 +174,52 @@ class Publication {
         if (auto begun = record.begin(file.path); !begun) return begun;
         const QString temporary = temporary_of(file.path);
         QFile::remove(temporary);
-        const FileResult<bool> copied = copy_prepared(roots_, website_, file, temporary, [this] { return goes_on(); });
+        int parts = 0;
+        const auto part_written = [&] {
+            // A long file waits for the disk in parts, and the person meanwhile for none of them long.
+            if (place_file_ == PlaceFile::kOnceOnDisk && ++parts > 1) flush(temporary);
+            return goes_on();
+        };
+        const FileResult<bool> copied = copy_prepared(roots_, website_, file, temporary, part_written);
         if (!copied) return std::unexpected(copied.error());
         if (!*copied) return {};
-        if (auto placed = place(temporary, file); !placed) {
+        if (auto whole = finish(temporary, file); !whole) {
             QFile::remove(temporary);
-            return placed;
+            return whole;
+        }
+        if (auto placed = place(temporary, file.path); !placed) {
+            QFile::remove(temporary);
+            if (placed.error().number == FaultNumber::kDiskFull) return placed;
+            // The drive took the bytes: what it refuses is the name.
+            result_.refused << RefusedFile{.path = file.path, .reply = words_of_refusal(file.path, placed.error())};
+            return record.files().contains(file.path) ? FileResult<void>() : record.forget(file.path);
         }
         ++result_.files;
         result_.bytes += file.size;
         return record.confirm(file);
     }
 
-    /// Gives a whole file its time and its name.
-    [[nodiscard]] FileResult<void> place(const QString& temporary, const PublishedFile& file) const {
+    /// What cannot be written is told when the file is finished.
+    static void flush(const QString& temporary) {
+        if (QFile written(temporary); written.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+            std::ignore = write_through(written);
+    }
+
+    /// Gives a whole file its time, and brings it to the disk.
+    [[nodiscard]] FileResult<void> finish(const QString& temporary, const PublishedFile& file) const {
         QFile written(temporary);
         if (!written.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
             return std::unexpected(file_error_of(written));
         written.setFileTime(file.modified, QFileDevice::FileModificationTime);
-        if (place_file_ == PlaceFile::kOnceOnDisk)
-            if (auto on_disk = write_through(written); !on_disk) return on_disk;
-        written.close();
-        return renamed(temporary, target_.filePath(file.path));
+        return place_file_ == PlaceFile::kOnceOnDisk ? write_through(written) : FileResult<void>();
+    }
+
+    /// Gives a whole file its name.
+    [[nodiscard]] FileResult<void> place(const QString& temporary, const QString& path) const {
+        const QString target = target_.filePath(path);
+        // A file that lies there by this name in other letters would keep those.
+        if (knows_no_case_ && !lying_.contains(path)) QFile::remove(target);
+        return renamed(temporary, target);
     }
 
     const Roots& roots_;
@@ -181,6 +227,9 @@ class Publication {
     QDir target_;
     const Steps& steps_;
     PlaceFile place_file_;
+    bool knows_no_case_ = false;     ///< the drive takes capital letters for small ones
+    QHash<QString, QString> names_;  ///< on such a drive: the Website's files by their names in small letters
+    QSet<QString> lying_;            ///< the files that lay there at the beginning
     int files_ = 0;
     int done_ = 0;
     int total_ = 0;

@@ -11,6 +11,7 @@ struct FolderPublication {
     int files = 0;  ///< written
     int removed = 0;
     qint64 bytes = 0;
+    QList<RefusedFile> refused{};  ///< all others are in order
     bool cancelled = false;
 };
 
@@ -25,8 +26,8 @@ enum class PlaceFile {
 [[nodiscard]] QString refusal_of_folder(const Roots& roots, const QString& website, const QString& folder);
 
 /// Publishes a Website into `folder`/NAME of a drive or a mounted share, by the rules of a publication to a server:
-/// what is there as recorded is left alone, each file is replaced whole or not at all, the home page comes last, and an
-/// interrupted publication goes on where it stopped.
+/// what is there as recorded is left alone, each file is replaced whole or not at all, the home page comes last, an
+/// interrupted publication goes on where it stopped, and a file whose name the drive does not take stops no other.
 [[nodiscard]] FileResult<FolderPublication> publish_to_folder(const Roots& roots, const QString& website,
                                                               const QString& folder, PublicationMode mode,
                                                               bool remove_deleted, const Steps& steps = {},

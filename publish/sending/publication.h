@@ -36,6 +36,12 @@ struct PublicationPlan {
     [[nodiscard]] qint64 bytes() const;
 };
 
+/// A file that the destination refused, and why: in a server's own words, or in words for the person.
+struct RefusedFile {
+    QString path;
+    QString reply;
+};
+
 /// What a Website would publish now, in the order in which it is sent.
 struct WebsiteSurvey {
     QList<PublishedFile> files;

@@ -19,12 +19,6 @@ struct SendProgress {
     qint64 bytes = 0;
 };
 
-/// A file that the server refused, with its words.
-struct RefusedFile {
-    QString path;
-    QString reply;
-};
-
 /// Sends a staged Website, folder by folder: each folder is made and entered, its files go up in the plan's order, and
 /// it is left by as many "CDUP" as it is deep. A folder of more files than the stack takes is sent in turns. After the
 /// last file come the removals. What the server confirmed goes into the record before the next command.

@@ -22,6 +22,7 @@ class FolderPublications : public testing::Test {
         QDir().mkpath(stick());
     }
     void put(const QString& path, const QByteArray& bytes) { home.put(u"base/Pondera/Shop/"_s + path, bytes); }
+    void lose(const QString& path) { ASSERT_TRUE(remove_file(roots.website(u"Shop"_s) + u'/' + path)); }
     [[nodiscard]] QString stick(const QString& path = {}) const { return home.path(u"stick/"_s + path); }
     [[nodiscard]] FileResult<FolderPublication> publish(PublicationMode mode = PublicationMode::kPartial,
                                                         const Steps& steps = {}) const {
@@ -55,12 +56,41 @@ TEST_F(FolderPublications, WriteWhatIsNotThereAsItShouldBe) {
     EXPECT_EQ(written(), 1);
     EXPECT_EQ(text_of_folder(stick(u"Shop"_s)), whole);
     home.put(u"stick/Shop/own.htm"_s, "own");
-    ASSERT_TRUE(remove_file(roots.website(u"Shop"_s) + u"/_4_A.htm"_s));
+    lose(u"_4_A.htm"_s);
     EXPECT_EQ(publish()->removed, 1);
     EXPECT_EQ(text_of_folder(stick(u"Shop"_s)), u"index.htm=<A href='x'> media/img/sea.jpg=sea own.htm=own"_s);
+}
+
+TEST_F(FolderPublications, FilesThatTheDriveRefusesStopNoOther) {
+    const auto refused = [](const FileResult<FolderPublication>& done) {
+        QStringList paths;
+        for (const RefusedFile& file : done->refused) paths << file.path;
+        return paths.join(u' ');
+    };
+    QDir().mkpath(stick(u"Shop/media/img/in:the.way"_s));
+    put(u"media/img/in:the.way"_s, "never");
+    for (int time = 0; time < 2; ++time) {
+        const auto done = publish();
+        ASSERT_TRUE(done);
+        EXPECT_EQ(refused(done), u"media/img/in:the.way");
+        EXPECT_THAT(done->refused.first().reply.toStdString(), testing::HasSubstr("no names with :"));
+        EXPECT_EQ(done->files, time == 0 ? 3 : 0);
+    }
+    EXPECT_EQ(text_of_folder(stick(u"Shop"_s)), whole);
+    lose(u"media/img/in:the.way"_s);
+
+    QDir(stick(u"Shop"_s)).mkdir(u"MEDIA"_s);  // as a drive that knows no capital letters seems to have it
     put(u"INDEX.htm"_s, "other");
-    QDir(stick(u"Shop"_s)).mkdir(u"MEDIA"_s);  // as a medium that knows no case seems to have it
-    EXPECT_EQ(publish().error().path, u"index.htm"_s);
+    EXPECT_EQ(refused(publish()), u"INDEX.htm");
+    EXPECT_EQ(text_of_folder(stick(u"Shop"_s)), whole);
+    lose(u"INDEX.htm"_s);
+    // There the new name is the old one's file, which must not be removed behind it.
+    lose(u"media/img/sea.jpg"_s);
+    put(u"media/img/Sea.JPG"_s, "sea");
+    const auto renamed = publish();
+    EXPECT_EQ(renamed->files, 1);
+    EXPECT_EQ(renamed->removed, 0);
+    EXPECT_EQ(written(), 0);
 }
 
 TEST_F(FolderPublications, GoOnWhereTheyStopped) {
