@@ -129,7 +129,7 @@ void Frm_Connessione_Remota::save_data() {
 void Frm_Connessione_Remota::delete_data() {
     const QString path = hosted_settings_path(workbench().roots());
     if (!forget_login(workbench().prompts(), path, Nome_Host_->currentText(), *chkDeleteData_)) return;
-    show_fields({});
+    show_fields({.server = {.host = service_.typed_host()}});
     chkSalvaDati_->setChecked(false);
 }
 
@@ -220,7 +220,7 @@ QStringList Frm_Connessione_Remota::verified_folders() const {
 }
 
 EmptyTask::Spared Frm_Connessione_Remota::spared() const {
-    return [](const RemoteEntry& entry) { return belongs_to_service(entry.name); };
+    return [own = service_.account_file](const RemoteEntry& entry) { return belongs_to_service(entry.name, own); };
 }
 
 QString Frm_Connessione_Remota::suggested_address() const {
@@ -228,12 +228,12 @@ QString Frm_Connessione_Remota::suggested_address() const {
 }
 
 QStringList Frm_Connessione_Remota::shown_names(const RemoteListing& listing) const {
-    return hosted_listing(listing);
+    return hosted_listing(listing, service_.account_file);
 }
 
 /// A file of the Website must never replace one of the service: without its account file the sub-domain is lost.
 QString Frm_Connessione_Remota::refusal_to_send(const QString& only) const {
-    QStringList names = names_of_service(workbench().website_folder());
+    QStringList names = names_of_service(workbench().website_folder(), service_.account_file);
     if (!only.isEmpty() && !names.contains(only)) return {};
     return names.isEmpty() ? QString()
                            : u"The hosting service needs these names for files of its own:\n\n%1\n\nDelete them from "

@@ -8,23 +8,24 @@
 namespace pondera {
 
 TEST(HostedRules, EntriesOfTheServiceAreNeitherListedNorSent) {
-    const auto kind = [](const QString& name) { return belongs_to_service(name) ? u"service"_s : u"ours"_s; };
+    const QString account = u"account.txt"_s;
+    const auto kind = [&](const QString& name) { return belongs_to_service(name, account) ? u"service"_s : u"ours"_s; };
     expect_results(kind, {
                              u"cgi-bin | cgi-bin/ | CGI-BIN/ | dominio.txt | domain.txt | Domain.TXT → service",
-                             u"./ | ../ | .ftpquota | ftpquota | old-ftpquota.bak → service",
+                             u"Account.txt | ./ | ../ | .ftpquota | ftpquota | old-ftpquota.bak → service",
                              u"index.htm | media/ | mydomain.txt | domain.txt.htm | cgi-bin2/ | .htaccess → ours",
                          });
     RemoteListing listing;
     for (const QString& name : {u"domain.txt"_s, u"old_index.htm"_s, u"index.htm"_s, u".ftpquota"_s})
         listing.entries << RemoteEntry{.name = name};
     for (const QString& name : {u"cgi-bin"_s, u"media"_s}) listing.entries << RemoteEntry{.name = name, .folder = true};
-    EXPECT_EQ(hosted_listing(listing).join(u' '), u"old_index.htm index.htm media/"_s);
+    EXPECT_EQ(hosted_listing(listing, account).join(u' '), u"old_index.htm index.htm media/"_s);
     for (int n = 0; n < 20'000; ++n) listing.entries << RemoteEntry{.name = QString::number(n)};
-    EXPECT_EQ(hosted_listing(listing).size(), 10'001 - 3);
+    EXPECT_EQ(hosted_listing(listing, account).size(), 10'001 - 3);
 
     const TestFolder folder;
     for (const QString& name : {u"index.htm"_s, u"domain.txt"_s, u"media/img/domain.txt"_s}) folder.put(name);
-    EXPECT_EQ(names_of_service(folder.path()), QStringList(u"domain.txt"_s));
+    EXPECT_EQ(names_of_service(folder.path(), account), QStringList(u"domain.txt"_s));
 }
 
 TEST(HostedRules, AccountFileGrantsEntryToThePasswordInIt) {
