@@ -14,30 +14,36 @@ namespace {
 
 constexpr int kTextWidth = 420;
 
-QLabel* text_label(QDialog& form, const QString& name, const QString& text) {
-    auto* label = new QLabel(text, &form);
+QLabel* text_label(QDialog& form, const QString& name) {
+    auto* label = new QLabel(&form);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setMinimumWidth(kTextWidth);
-    label->setVisible(!text.isEmpty());
     return label;
+}
+
+void show_text(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.setVisible(!text.isEmpty());
 }
 
 }  // namespace
 
 frmConnectionState::frmConnectionState(Workbench& workbench, CWinInetConnection& connection,
                                        const InternetFunctions& functions)
-    : QDialog(workbench.window()), workbench_(workbench), connection_(connection) {
+    : QDialog(workbench.window()),
+      workbench_(workbench),
+      connection_(connection),
+      functions_(functions),
+      sentence_(text_label(*this, u"lblState"_s)),
+      advice_(text_label(*this, u"lblAdvice"_s)),
+      details_(text_label(*this, u"lblDetails"_s)) {
     setObjectName(u"frmConnectionState"_s);
     setWindowTitle(u"Connection State"_s);
-    const ConnectionReport report = connection_report(connection, functions.IsNetworkAlive());
-    auto* sentence = new QLabel(report.sentence);
-    sentence->setObjectName(u"lblState"_s);
-    sentence->setStyleSheet(u"font-weight: bold;"_s);
-    QLabel* const advice = text_label(*this, u"lblAdvice"_s, report.advice);
-    QLabel* const details = text_label(*this, u"lblDetails"_s, report.details.join(u'\n'));
-    details->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    sentence_->setStyleSheet(u"font-weight: bold;"_s);
+    details_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    show_state();
     auto* off_line = new QCheckBox(u"&Work off line"_s);
     off_line->setObjectName(u"chkOffline"_s);
     off_line->setChecked(connection.IsOffline());
@@ -54,18 +60,26 @@ frmConnectionState::frmConnectionState(Workbench& workbench, CWinInetConnection&
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 18, 20, 16);
     layout->setSpacing(12);
-    layout->addWidget(sentence);
-    layout->addWidget(advice);
-    layout->addWidget(details);
+    for (QLabel* label : {sentence_, advice_, details_}) layout->addWidget(label);
     layout->addWidget(off_line, 0, Qt::AlignLeft);
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     buttons->button(QDialogButtonBox::Ok)->setFocus();
 }
 
+void frmConnectionState::show_state() {
+    const ConnectionReport report = connection_report(connection_, functions_.IsNetworkAlive());
+    show_text(*sentence_, report.sentence);
+    show_text(*advice_, report.advice);
+    show_text(*details_, report.details.join(u'\n'));
+}
+
 void frmConnectionState::work_off_line(bool on) {
     const ConnectionResult done = on ? connection_.SetGlobalOffline() : connection_.SetGlobalOnline();
-    if (done) return;
+    if (done) {
+        if (connection_.Refresh()) show_state();
+        return;
+    }
     findChild<QCheckBox*>(u"chkOffline"_s)->setChecked(!on);
     workbench_.prompts().tell(done.error().description, MessageIcon::kCritical);
 }

@@ -92,7 +92,9 @@ TEST_F(ConnectionForms, CommandShowsThisMachineOffLineInItsOwnWindow) {
     settings_.setValue(u"Publish/Off Line"_s, true);
     run_form(u"mnu_connessione"_s, u"frmConnectionState1"_s, [](const FormHand& form) {
         EXPECT_EQ(form.widget<QLabel>(u"lblState"_s).text(), u"Pondera works off line.");
-        form.photograph(u"frmConnectionState1"_s).click(u"chkOffline"_s).click(u"OKButton"_s);
+        form.photograph(u"frmConnectionState1"_s).click(u"chkOffline"_s);
+        EXPECT_THAT(form.widget<QLabel>(u"lblState"_s).text(), Holds(u"connected to the Internet."_s));
+        form.click(u"OKButton"_s);
     });
     EXPECT_FALSE(settings_.value(u"Publish/Off Line"_s).toBool());
 }
