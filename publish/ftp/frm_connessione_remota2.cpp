@@ -138,6 +138,7 @@ void Frm_Connessione_Remota2::fill_hosts() {
     const QString typed = Nome_Host_->currentText();
     Nome_Host_->clear();
     Nome_Host_->addItems(ftp_hosts(workbench().roots()));
+    Nome_Host_->setCurrentIndex(-1);  // the keys down and up begin at the list's ends
     Nome_Host_->setCurrentText(typed);
 }
 
@@ -182,6 +183,7 @@ void Frm_Connessione_Remota2::delete_data() {
     fill_hosts();
     Nome_Host_->setCurrentText({});
     for (QLineEdit* field : {user_id_, password_, txtSito_}) field->clear();
+    chkSalvaDati_->setChecked(false);
 }
 
 /// The choice of SFTP stands in the host itself, where it is saved with it.

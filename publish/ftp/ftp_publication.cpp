@@ -34,7 +34,7 @@ FtpPublication::FtpPublication(const Roots& roots, Order order, PublicationRecor
     : roots_(roots),
       order_(std::move(order)),
       folder_(roots.website(order_.website)),
-      staged_as_(order_.only.isEmpty() ? order_.mode : PublicationMode::kPartial),
+      staged_as_(is_of_all() ? order_.mode : PublicationMode::kPartial),
       record_(std::move(record)) {
     staging_ = pondera::staging_folder(roots_, order_.website, staged_as_);
 }
@@ -46,7 +46,7 @@ FileResult<std::unique_ptr<FtpPublication>> FtpPublication::begin(const Roots& r
 }
 
 FileResult<bool> FtpPublication::survey(const Steps& steps) {
-    if (!order_.only.isEmpty()) {
+    if (!is_of_all()) {
         FileResult<PublishedFile> file = published_file(roots_, order_.website, order_.only);
         if (!file) return std::unexpected(file.error());
         survey_.files = {std::move(*file)};
@@ -69,7 +69,7 @@ QStringList FtpPublication::folders() const {
 }
 
 std::shared_ptr<VerifyTask> FtpPublication::verify_task() {
-    if (!order_.only.isEmpty()) return nullptr;
+    if (!is_of_all()) return nullptr;
     if (!order_.present) {
         remote_.listed_folders = folders();
         return nullptr;
@@ -94,7 +94,7 @@ void FtpPublication::merge(const RemoteFiles& found) {
 }
 
 std::shared_ptr<ListTask> FtpPublication::list_task() {
-    if (!order_.only.isEmpty()) return nullptr;
+    if (!is_of_all()) return nullptr;
     if (verify_) merge(verify_->found());
     QStringList missing = folders();
     missing.removeIf([this](const QString& folder) { return remote_.listed_folders.contains(folder); });
@@ -122,7 +122,7 @@ FileResult<void> FtpPublication::take_in_fetched() {
 }
 
 FileResult<bool> FtpPublication::prepare(const Steps& steps) {
-    const bool single = !order_.only.isEmpty();
+    const bool single = !is_of_all();
     plan_ = plan_publication(survey_, single ? PublicationMode::kTotal : order_.mode, record_, remote_,
                              order_.remove_deleted && !single);
     // Behind the plan: the survey, which is older, would take what was fetched for deleted.
@@ -133,7 +133,7 @@ FileResult<bool> FtpPublication::prepare(const Steps& steps) {
 
 std::shared_ptr<SendTask> FtpPublication::send_task() {
     // What a broken upload left is tidied up even when there is nothing to send.
-    const bool tidy = record_.unfinished().isEmpty() || !order_.only.isEmpty();
+    const bool tidy = record_.unfinished().isEmpty() || !is_of_all();
     if (plan_.send.isEmpty() && plan_.remove.isEmpty() && tidy) return nullptr;
     return send_ = std::make_shared<SendTask>(SendTask::Job{.staging_folder = staging_,
                                                             .remote_folder = order_.remote_folder,

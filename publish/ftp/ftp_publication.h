@@ -53,6 +53,8 @@ class FtpPublication {
     [[nodiscard]] FileResult<void> close();
 
     [[nodiscard]] const QString& staging_folder() const { return staging_; }
+    /// Whether it is one of the whole Website and not of a single file.
+    [[nodiscard]] bool is_of_all() const { return order_.only.isEmpty(); }
     /// How many files the plan takes off the server.
     [[nodiscard]] qsizetype removals() const { return plan_.remove.size(); }
 

@@ -22,7 +22,7 @@ QString advice(int code) {
         u"Compare user name and password with the letter of your provider; small and capital letters make a difference."_s;
     static const QString kAddress =
         u"Compare the address with the letter of your provider, and see whether this computer is on the Internet."_s;
-    static const QString kOnceMore = u"Connect again. What has arrived is not sent a second time."_s;
+    static const QString kOnceMore = u"Connect again."_s;
     static const QHash<int, QString> kAdvice = {
         {kTimedOut, kOnceMore},
         {kBadAddress, u"An address looks like ftp.example.org."_s},

@@ -192,11 +192,11 @@ void PublishForm::run(std::shared_ptr<RemoteTask> task, std::function<void()> th
 }
 
 void PublishForm::failed(const TaskEnd& end) {
-    if (end.how == TaskEnd::How::kCancelled)
-        return finish_work(
-            u"Stopped. What has arrived is not sent a second time: connect and publish again to go on."_s,
-            Tone::kPlain);
-    finish_work(plain_words(end), Tone::kBad);
+    const bool stopped = end.how == TaskEnd::How::kCancelled;
+    QString text = stopped ? u"Stopped."_s : plain_words(end);
+    if (sending_) text += u" What has arrived is not sent a second time: connect and publish again to go on."_s;
+    if (stopped && emptying_) text += u" What was deleted until then is gone."_s;
+    finish_work(text, stopped ? Tone::kPlain : Tone::kBad);
 }
 
 void PublishForm::stop() {
@@ -349,7 +349,7 @@ void PublishForm::connected() {
     if (const LineProtection& line = Inet1_->Protection(); line.encrypted && line.files_encrypted)
         memory.set_protected(true);
     const QString known = memory.address(remote_folder_);
-    options_->set_address(known.isEmpty() ? suggested_address() : known);
+    if (!options_->has_typed_address()) options_->set_address(known.isEmpty() ? suggested_address() : known);
     if (present_)
         return finish_work(u"The Website goes to the folder %1."_s.arg(session_.way.join(u'/')), Tone::kPlain);
     finish_without_folder();

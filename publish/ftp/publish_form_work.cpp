@@ -65,8 +65,10 @@ void PublishForm::publish(const QString& only) {
     auto publication = FtpPublication::begin(workbench_.roots(), std::move(order));
     if (!publication) return hint(fault_sentence(publication.error()), Tone::kBad);
     publication_ = std::move(*publication);
-    if (!options_->address().isEmpty())
+    if (!options_->address().isEmpty()) {
         HostMemory(workbench_.settings(), session_.host).set_address(remote_folder_, options_->address());
+        options_->set_address(options_->address());
+    }
 
     start_work(u"Verify Files to send.."_s);
     const FileResult<bool> surveyed = work_out([this](const Steps& steps) { return publication_->survey(steps); });
@@ -104,7 +106,8 @@ void PublishForm::invio_cartella() {
     if (!*prepared) return finish_work(u"Stopped. Nothing was sent."_s, Tone::kPlain);
     sending_ = publication_->send_task();
     if (!sending_) return sent();
-    HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), true);
+    if (publication_->is_of_all())
+        HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), true);
     if (!present_) hint(u"Where the server answers 550, a folder is not there yet. It is made now."_s);
     stage_ = u"Sending.."_s;
     time_left_ = {};
@@ -121,15 +124,16 @@ void PublishForm::sent() {
     const QString text = summary();
     const bool whole = refused.isEmpty() && stopped_by.isEmpty();
     if (sending_) present_ = present_ || refused.size() < sending_->progress().files_done;
-    if (whole) HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), false);
+    if (whole && publication_->is_of_all())
+        HostMemory(workbench_.settings(), session_.host).set_incomplete(workbench_.website(), false);
     remote_->show_names(remote_folder_, shown_names(site_));
     if (whole) transfer_->show_steps(1, 1);
     finish_work(text, whole ? Tone::kGood : Tone::kBad);
     if (const QString address = browsable_address(options_->address()); whole && !address.isEmpty())
         link_->setText(u"Click here to go to the Website: <a href=\"%1\">%1</a>"_s.arg(address.toHtmlEscaped()));
     if (refused.isEmpty() || !closed_by_.isEmpty()) return;
-    Frm_Rifiutati form(u"The server did not do what was asked for with these files. All others are in order."_s,
-                       refused, this);
+    const QString others = stopped_by.isEmpty() ? u" All others are in order."_s : QString();
+    Frm_Rifiutati form(u"The server did not do what was asked for with these files."_s + others, refused, this);
     workbench_.prompts().run(form);
 }
 
@@ -150,7 +154,8 @@ QString PublishForm::summary() const {
         if (!sending_->refused().isEmpty())
             parts << counted(sending_->refused().size(), u"file refused by the server"_s,
                              u"files refused by the server"_s);
-        if (!sending_->stopped_by().isEmpty()) return parts.join(u", "_s) + u'\n' + brief(sending_->stopped_by());
+        if (!sending_->stopped_by().isEmpty())
+            return (parts.join(u", "_s) + u'\n' + brief(sending_->stopped_by())).trimmed();
     }
     const QString done = sending_ ? u"Published."_s : u"Everything is up to date."_s;
     return parts.isEmpty() ? done : done + u'\n' + parts.join(u", "_s) + u'.';

@@ -57,6 +57,10 @@ QString PublishOptions::address() const {
     return address_->text().trimmed();
 }
 
+bool PublishOptions::has_typed_address() const {
+    return address_->isModified() && !address().isEmpty();
+}
+
 void PublishOptions::set_address(const QString& address) {
     address_->setText(address);
     address_->setCursorPosition(0);

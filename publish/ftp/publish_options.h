@@ -23,6 +23,8 @@ class PublishOptions : public QGroupBox {
     [[nodiscard]] bool remove_deleted() const;
     [[nodiscard]] QString address() const;
     void set_address(const QString& address);
+    /// Whether the person has typed an address since one was set.
+    [[nodiscard]] bool has_typed_address() const;
     [[nodiscard]] QPushButton& button() const { return *publish_; }
 
   signals:

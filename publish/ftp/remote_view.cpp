@@ -46,8 +46,8 @@ void RemoteView::show_names(const QString& folder, const QStringList& names) {
     names_->clear();
     names_->addItems(names);
     // The home page is what one looks for first.
-    const qsizetype home = names.indexOf(QRegularExpression(u"index\\.htm"_s));
-    if (home >= 0) names_->setCurrentRow(static_cast<int>(home));
+    const QList<QListWidgetItem*> home = names_->findItems(u"index.htm"_s, Qt::MatchContains);
+    if (!home.isEmpty()) names_->setCurrentItem(home.constFirst());
 }
 
 }  // namespace pondera

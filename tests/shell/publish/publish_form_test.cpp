@@ -49,7 +49,7 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
         prompts_.expect_message(u"Insert the name of the remote host you want to connect to."_s);
         form.click(u"Collegati"_s);
         prompts_.expect_message(u"Insert all required data"_s);
-        form.click(u"chkSalvaDati"_s);
+        form.click(u"chkSalvaDati"_s).type(u"txtAddress"_s, u"shop.example.org"_s);
         log_in(form, server.host());
         EXPECT_TRUE(connected(form));
         EXPECT_THAT(text(form, u"lblHint"_s), Holds(u"Vantiles/Shop is not on the server yet"_s));
@@ -60,7 +60,8 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
         EXPECT_EQ(form.widget<QProgressBar>(u"ProgressBar1"_s).value(),
                   form.widget<QProgressBar>(u"ProgressBar1"_s).maximum());
         EXPECT_THAT(text(form, u"lblCount"_s), Holds(u"4 of 4 files"_s));
-        EXPECT_THAT(text(form, u"lblWebsite"_s), Holds(u"Click here to go to the Website: "_s));
+        EXPECT_THAT(text(form, u"lblWebsite"_s),
+                    Holds(u"Click here to go to the Website: <a href=\"http://shop.example"_s));
         publish(form, u"Everything is up to date."_s);
     });
     EXPECT_TRUE(QDir(roots_.ftp_folder()).isEmpty());
