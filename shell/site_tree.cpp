@@ -11,6 +11,7 @@
 #include "site/page_group.h"
 #include "site/page_kind.h"
 #include "site/page_name.h"
+#include "workbench/plain_tip.h"
 
 namespace pondera {
 
@@ -121,7 +122,7 @@ void SiteTree::add_page(QTreeWidgetItem* under, const QString& page) {
     auto* item = new QTreeWidgetItem(under, {display_name(page)});
     item->setIcon(0, icons_.of(page));
     item->setData(0, kPageRole, page);
-    item->setToolTip(0, page);
+    item->setToolTip(0, plain_tip(page));
     items_.insert(page, item);
 }
 

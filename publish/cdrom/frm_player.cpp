@@ -2,10 +2,13 @@
 
 #include <QtWidgets>
 
+#include <algorithm>
+
 #include "publish/cdrom/multimedia_package.h"
 #include "workbench/bar_steps.h"
 #include "workbench/form_buttons.h"
 #include "workbench/prompts.h"
+#include "workbench/refilled_box.h"
 #include "workbench/workbench.h"
 
 namespace pondera {
@@ -18,13 +21,14 @@ constexpr int kWidth = 460;
 
 }  // namespace
 
-frm_player::frm_player(Workbench& workbench, QList<MultimediaDrive> drives, std::function<bool()> prepare)
+frm_player::frm_player(Workbench& workbench, std::function<QList<MultimediaDrive>()> drives,
+                       std::function<bool()> prepare)
     : QDialog(workbench.window()),
       workbench_(workbench),
       drives_(std::move(drives)),
       prepare_(std::move(prepare)),
       target_(new QLabel),
-      drive_(new QComboBox),
+      drive_(new RefilledBox([this] { show_drives(); })),
       progress_(new QProgressBar) {
     setObjectName(u"frm_player"_s);
     setWindowTitle(workbench.website() + u" Multimedia for CD-ROM"_s);
@@ -34,7 +38,6 @@ frm_player::frm_player(Workbench& workbench, QList<MultimediaDrive> drives, std:
     target_->setMinimumWidth(kWidth);
     drive_->setObjectName(u"Drive1"_s);
     drive_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    for (const MultimediaDrive& drive : drives_) drive_->addItem(drive.name);
     connect(drive_, &QComboBox::currentIndexChanged, this, &frm_player::show_target);
     progress_->setObjectName(u"ProgressBar1"_s);
     progress_->setValue(0);
@@ -62,12 +65,21 @@ frm_player::frm_player(Workbench& workbench, QList<MultimediaDrive> drives, std:
     layout->addWidget(progress_);
     layout->addSpacing(8);
     layout->addWidget(buttons);
-    show_target();
+    show_drives();
     drive_->setFocus();
 }
 
 QString frm_player::root() const {
-    return drives_.at(drive_->currentIndex()).root;
+    return drive_->currentData().toString();
+}
+
+void frm_player::show_drives() {
+    const QSignalBlocker quiet(drive_);
+    const QString chosen = root();
+    drive_->clear();
+    for (const MultimediaDrive& drive : drives_()) drive_->addItem(drive.name, drive.root);
+    drive_->setCurrentIndex(std::max(0, drive_->findData(chosen)));
+    show_target();
 }
 
 void frm_player::show_target() {

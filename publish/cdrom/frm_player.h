@@ -20,19 +20,21 @@ class frm_player : public QDialog {
     Q_OBJECT
 
   public:
-    /// `prepare` brings the published pages up to date; false, after telling why, when it could not.
-    frm_player(Workbench& workbench, QList<MultimediaDrive> drives, std::function<bool()> prepare);
+    /// `drives` gives those of the moment; `prepare` brings the published pages up to date; false, after telling why,
+    /// when it could not.
+    frm_player(Workbench& workbench, std::function<QList<MultimediaDrive>()> drives, std::function<bool()> prepare);
 
     void accept() override;  ///< makes the package
     void reject() override;  ///< cancels the making; closes when there is none
 
   private:
     [[nodiscard]] QString root() const;
+    void show_drives();
     void show_target();
     void set_running(bool on);
 
     Workbench& workbench_;
-    QList<MultimediaDrive> drives_;
+    std::function<QList<MultimediaDrive>()> drives_;
     std::function<bool()> prepare_;
     QLabel* target_;
     QComboBox* drive_;

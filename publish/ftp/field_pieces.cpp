@@ -39,10 +39,6 @@ QLabel* narrow_label(const QString& name) {
     return label;
 }
 
-QString plain_tip(const QString& text) {
-    return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
-}
-
 QPushButton* plain_button(const QString& name, const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setObjectName(name);

@@ -17,9 +17,6 @@ namespace pondera {
 /// A text of one line that never widens its window.
 [[nodiscard]] QLabel* narrow_label(const QString& name);
 
-/// A tool tip that shows a text from elsewhere as it is: tool tips take what looks like markup for such.
-[[nodiscard]] QString plain_tip(const QString& text);
-
 /// A button that Enter in another field does not press.
 [[nodiscard]] QPushButton* plain_button(const QString& name, const QString& caption);
 

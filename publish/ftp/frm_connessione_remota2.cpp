@@ -7,9 +7,10 @@
 #include "base/roots.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
-#include "publish/ftp/kept_login.h"
+#include "publish/ftp/login_group.h"
 #include "publish/ftp/remote_site.h"
 #include "workbench/prompts.h"
+#include "workbench/refilled_box.h"
 #include "workbench/workbench.h"
 
 using namespace Qt::StringLiterals;
@@ -40,113 +41,67 @@ bool is_sftp(const QString& host) {
     return host.trimmed().startsWith(kSftp, Qt::CaseInsensitive);
 }
 
-/// A list that is filled anew whenever it opens.
-class HostBox : public QComboBox {
-  public:
-    explicit HostBox(std::function<void()> fill) : fill_(std::move(fill)) {}
-    void showPopup() override {
-        fill_();
-        QComboBox::showPopup();
-    }
-
-  private:
-    std::function<void()> fill_;
-};
-
 }  // namespace
 
 Frm_Connessione_Remota2::Frm_Connessione_Remota2(Workbench& workbench)
     : PublishForm(workbench, u"Frm_Connessione_Remota2"_s, kHighestIndex),
-      Nome_Host_(new HostBox([this] { fill_hosts(); })),
-      user_id_(new QLineEdit),
-      password_(password_line(u"password"_s)),
+      login_(new LoginGroup(u"Server"_s, new RefilledBox([this] { fill_hosts(); }), connect_button(),
+                            u"Address, user name, password and folder are kept in a file that only you can read"_s)),
       txtSito_(new QLineEdit),
       protection_(new QComboBox),
-      chkSalvaDati_(new QCheckBox(u"Re&member on this computer"_s)),
-      chkDeleteData_(new QCheckBox(u"For&get these data"_s)),
       folder_note_(note_label(u"folder_note"_s)) {
-    build(make_fields());
+    make_fields();
+    build(login_);
     fill_hosts();
     point_out_unfinished({});
     const QString last = workbench.settings().value(kLastHost).toString();
-    if (ftp_hosts(workbench.roots()).contains(last)) Nome_Host_->setCurrentText(last);
+    if (ftp_hosts(workbench.roots()).contains(last)) login_->Nome_Host().setCurrentText(last);
     show_folder_note();
-    Nome_Host_->setFocus();
+    login_->Nome_Host().setFocus();
 }
 
-QGroupBox* Frm_Connessione_Remota2::make_fields() {
-    Nome_Host_->setObjectName(u"Nome_Host"_s);
-    Nome_Host_->setEditable(true);
-    Nome_Host_->setInsertPolicy(QComboBox::NoInsert);
-    // Completing what is selected, Return would bring the first host of the list and its password.
-    Nome_Host_->setCompleter(nullptr);
-    Nome_Host_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    Nome_Host_->lineEdit()->setPlaceholderText(u"for example ftp.myshop.org"_s);
-    user_id_->setObjectName(u"user_id"_s);
+void Frm_Connessione_Remota2::make_fields() {
+    login_->Nome_Host().lineEdit()->setPlaceholderText(u"for example ftp.myshop.org"_s);
     txtSito_->setObjectName(u"txtSito"_s);
     txtSito_->setPlaceholderText(workbench().website());
-    protection_->setObjectName(u"cboProtection"_s);
-    for (const QLatin1StringView caption : kCaptions) protection_->addItem(caption);
-    chkSalvaDati_->setObjectName(u"chkSalvaDati"_s);
-    chkSalvaDati_->setToolTip(u"Address, user name, password and folder are kept in a file that only you can read"_s);
-    chkDeleteData_->setObjectName(u"chkDeleteData"_s);
-    connect(Nome_Host_, &QComboBox::currentTextChanged, this, &Frm_Connessione_Remota2::follow_host);
-    connect(txtSito_, &QLineEdit::textChanged, this, &Frm_Connessione_Remota2::show_folder_note);
-    connect(protection_, &QComboBox::activated, this, &Frm_Connessione_Remota2::choose_protection);
-    connect(chkSalvaDati_, &QCheckBox::clicked, this, [this](bool on) {
-        remembered_ = false;
-        if (on) save_data();
-    });
-    connect(chkDeleteData_, &QCheckBox::clicked, this, [this](bool on) {
-        if (on) delete_data();
-    });
-
     folder_note_->setMinimumHeight(2 * folder_note_->fontMetrics().lineSpacing());
     folder_note_->setAlignment(Qt::AlignTop);
+    protection_->setObjectName(u"cboProtection"_s);
+    for (const QLatin1StringView caption : kCaptions) protection_->addItem(caption);
+    login_->add_row(u"F&older"_s, txtSito_);
+    login_->add_row({}, folder_note_);
+    login_->add_row(u"Protect&ion"_s, protection_);
 
-    auto* group = new QGroupBox(u"Server"_s);
-    auto* form = new QFormLayout;
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    form->setVerticalSpacing(6);
-    form->addRow(u"&Address"_s, Nome_Host_);
-    form->addRow(u"&User name"_s, user_id_);
-    form->addRow(u"Pass&word"_s, password_);
-    form->addRow(u"F&older"_s, txtSito_);
-    form->addRow(QString(), folder_note_);
-    form->addRow(u"Protect&ion"_s, protection_);
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(chkSalvaDati_);
-    bottom->addWidget(chkDeleteData_);
-    bottom->addStretch();
-    bottom->addWidget(connect_button());
-    auto* layout = new QVBoxLayout(group);
-    layout->addLayout(form);
-    layout->addStretch();
-    layout->addLayout(bottom);
-    return group;
+    connect(&login_->Nome_Host(), &QComboBox::currentTextChanged, this, &Frm_Connessione_Remota2::follow_host);
+    connect(txtSito_, &QLineEdit::textChanged, this, &Frm_Connessione_Remota2::show_folder_note);
+    connect(protection_, &QComboBox::activated, this, &Frm_Connessione_Remota2::choose_protection);
+    connect(&login_->chkSalvaDati(), &QCheckBox::clicked, this, [this] { remembered_ = false; });
+    connect(login_, &LoginGroup::keep_asked, this, &Frm_Connessione_Remota2::save_data);
+    connect(login_, &LoginGroup::forget_asked, this, &Frm_Connessione_Remota2::delete_data);
 }
 
 FtpLogin Frm_Connessione_Remota2::fields() const {
-    return {.host = Nome_Host_->currentText(),
-            .user = user_id_->text(),
-            .password = password_->text(),
+    return {.host = login_->Nome_Host().currentText(),
+            .user = login_->user_id().text(),
+            .password = login_->password().text(),
             .site = txtSito_->text()};
 }
 
 void Frm_Connessione_Remota2::fill_hosts() {
-    const QSignalBlocker quiet(Nome_Host_);
-    const QString typed = Nome_Host_->currentText();
-    Nome_Host_->clear();
-    Nome_Host_->addItems(ftp_hosts(workbench().roots()));
-    Nome_Host_->setCurrentIndex(-1);  // the keys down and up begin at the list's ends
-    Nome_Host_->setCurrentText(typed);
+    const QSignalBlocker quiet(login_->Nome_Host());
+    const QString typed = login_->Nome_Host().currentText();
+    login_->Nome_Host().clear();
+    login_->Nome_Host().addItems(ftp_hosts(workbench().roots()));
+    login_->Nome_Host().setCurrentIndex(-1);  // the keys down and up begin at the list's ends
+    login_->Nome_Host().setCurrentText(typed);
 }
 
 /// A host that was chosen or typed whole brings its data.
 void Frm_Connessione_Remota2::follow_host(const QString& host) {
-    const bool known = !host.isEmpty() && Nome_Host_->findText(host, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0;
+    const bool known =
+        !host.isEmpty() && login_->Nome_Host().findText(host, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0;
     if (known) load_host(host);
-    if (known || remembered_) chkSalvaDati_->setChecked(known);
+    if (known || remembered_) login_->chkSalvaDati().setChecked(known);
     remembered_ = known;
     if (is_sftp(host))
         protection_->setCurrentIndex(kOverSsh);
@@ -163,37 +118,35 @@ void Frm_Connessione_Remota2::load_host(const QString& host) {
         hint(fault_sentence(loaded.error()), Tone::kBad);
         return;
     }
-    const QSignalBlocker quiet(Nome_Host_);
-    Nome_Host_->setCurrentText(login.host);
-    user_id_->setText(login.user);
-    password_->setText(login.password);
+    const QSignalBlocker quiet(login_->Nome_Host());
+    login_->Nome_Host().setCurrentText(login.host);
+    login_->user_id().setText(login.user);
+    login_->password().setText(login.password);
     txtSito_->setText(login.site);
 }
 
 void Frm_Connessione_Remota2::save_data() {
     const FtpLogin login = fields();
     const QString path = ftp_settings_path(workbench().roots(), login.host);
-    if (keep_login(workbench().prompts(), path, login, *user_id_, *chkSalvaDati_)) fill_hosts();
+    if (login_->keep(workbench().prompts(), path, login)) fill_hosts();
 }
 
 void Frm_Connessione_Remota2::delete_data() {
-    const QString host = Nome_Host_->currentText();
-    const QString path = ftp_settings_path(workbench().roots(), host);
-    if (!forget_login(workbench().prompts(), path, host, *chkDeleteData_)) return;
+    const QString path = ftp_settings_path(workbench().roots(), login_->Nome_Host().currentText());
+    if (!login_->forget(workbench().prompts(), path)) return;
     fill_hosts();
-    Nome_Host_->setCurrentText({});
-    for (QLineEdit* field : {user_id_, password_, txtSito_}) field->clear();
-    chkSalvaDati_->setChecked(false);
+    login_->Nome_Host().setCurrentText({});
+    for (QLineEdit* field : {&login_->user_id(), &login_->password(), txtSito_}) field->clear();
 }
 
 /// The choice of SFTP stands in the host itself, where it is saved with it.
 void Frm_Connessione_Remota2::choose_protection(int choice) {
-    const QString host = Nome_Host_->currentText();
+    const QString host = login_->Nome_Host().currentText();
     const bool sftp = is_sftp(host);
     if (choice == kOverSsh && !sftp)
-        Nome_Host_->setCurrentText(kSftp + host.section(u"://"_s, -1));
+        login_->Nome_Host().setCurrentText(kSftp + host.section(u"://"_s, -1));
     else if (choice != kOverSsh && sftp)
-        Nome_Host_->setCurrentText(host.section(u"://"_s, 1));
+        login_->Nome_Host().setCurrentText(host.section(u"://"_s, 1));
     protection_->setCurrentIndex(choice);
 }
 
@@ -208,7 +161,7 @@ std::optional<ServerLogin> Frm_Connessione_Remota2::login() {
     const FtpLogin typed = fields();
     if (typed.host.isEmpty()) {
         workbench().prompts().tell(u"Insert the name of the remote host you want to connect to."_s);
-        Nome_Host_->setFocus();
+        login_->Nome_Host().setFocus();
         return std::nullopt;
     }
     const auto way = way_to_site(typed.site, workbench().website());
@@ -224,23 +177,9 @@ std::optional<ServerLogin> Frm_Connessione_Remota2::login() {
                        .way = *way};
 }
 
-void Frm_Connessione_Remota2::set_login_enabled(bool enabled) {
-    for (QWidget* field : std::initializer_list<QWidget*>{Nome_Host_, user_id_, password_, txtSito_, protection_,
-                                                          chkSalvaDati_, chkDeleteData_})
-        field->setEnabled(enabled);
-}
-
-void Frm_Connessione_Remota2::point_out(int code) {
-    QLineEdit* const field = code == kPasswordRefused || code == kLoginFailed ? password_
-                             : code == kUserRefused                           ? user_id_
-                                                                              : Nome_Host_->lineEdit();
-    field->setFocus();
-    field->selectAll();
-}
-
 void Frm_Connessione_Remota2::connected() {
     HostMemory(workbench().settings(), session().host).set_protection(wish_of(protection_->currentIndex()));
-    if (chkSalvaDati_->isChecked()) {
+    if (login_->chkSalvaDati().isChecked()) {
         save_data();
         workbench().settings().setValue(kLastHost, session().host);
     }

@@ -3,9 +3,7 @@
 #include "publish/ftp/ftp_settings.h"
 #include "publish/ftp/publish_form.h"
 
-class QCheckBox;
 class QComboBox;
-class QGroupBox;
 class QLabel;
 class QLineEdit;
 
@@ -20,12 +18,10 @@ class Frm_Connessione_Remota2 : public PublishForm {
 
   protected:
     [[nodiscard]] std::optional<ServerLogin> login() override;
-    void set_login_enabled(bool enabled) override;
-    void point_out(int code) override;
     void connected() override;
 
   private:
-    [[nodiscard]] QGroupBox* make_fields();
+    void make_fields();
     [[nodiscard]] FtpLogin fields() const;
     void fill_hosts();
     void load_host(const QString& host);
@@ -35,13 +31,9 @@ class Frm_Connessione_Remota2 : public PublishForm {
     void follow_host(const QString& host);
     void show_folder_note();
 
-    QComboBox* Nome_Host_;
-    QLineEdit* user_id_;
-    QLineEdit* password_;
+    LoginGroup* login_;
     QLineEdit* txtSito_;
     QComboBox* protection_;
-    QCheckBox* chkSalvaDati_;
-    QCheckBox* chkDeleteData_;
     bool remembered_ = false;  ///< the host's settings file has set the check of chkSalvaDati
     QLabel* folder_note_;
 };

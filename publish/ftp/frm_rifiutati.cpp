@@ -4,6 +4,7 @@
 
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/plain_words.h"
+#include "workbench/plain_tip.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,6 +9,7 @@
 #include "publish/connection/machine_connection.h"
 #include "publish/ftp/field_pieces.h"
 #include "publish/ftp/host_memory.h"
+#include "publish/ftp/login_group.h"
 #include "publish/ftp/plain_words.h"
 #include "publish/ftp/publish_options.h"
 #include "publish/ftp/remote_site.h"
@@ -84,7 +85,8 @@ PublishForm::~PublishForm() {
     if (publication_) std::ignore = publication_->close();
 }
 
-void PublishForm::build(QWidget* login_fields) {
+void PublishForm::build(LoginGroup* fields) {
+    login_fields_ = fields;
     auto* help = plain_button(u"cmdHelp"_s, u"&Help"_s);
     auto* cancel = plain_button(u"cmdAnnulla"_s, u"Cancel"_s);
     auto* close = plain_button(u"OKButton"_s, u"C&lose"_s);
@@ -106,7 +108,7 @@ void PublishForm::build(QWidget* login_fields) {
     grid->setContentsMargins(16, 14, 16, 10);
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(10);
-    grid->addWidget(login_fields, 0, 0);
+    grid->addWidget(fields, 0, 0);
     grid->addWidget(connection_, 0, 1);
     grid->addWidget(options_, 1, 0);
     grid->addWidget(remote_, 1, 1);
@@ -142,7 +144,7 @@ void PublishForm::show_situation() {
     const bool connected = is_connected();
     connect_->setText(connected ? kDisconnect : kConnect);
     connect_->setEnabled(!working_);
-    set_login_enabled(!working_ && !connected);
+    login_fields_->set_fields_enabled(!working_ && !connected);
     options_->button().setDefault(connected && !working_);
     connect_->setDefault(!connected && !working_);
     transfer_->set_running(working_);
@@ -305,7 +307,7 @@ void PublishForm::connection_failed(const TaskEnd& end) {
     if (end.code == kCertificateNotTrusted && trusts_server()) return try_connecting();
     if (end.code == kNoProtection && expects_protection_ && accepts_open_line()) return try_connecting();
     finish_work(plain_words(end), Tone::kBad);
-    point_out(end.code);
+    login_fields_->point_out(end.code);
 }
 
 bool PublishForm::trusts_server() {

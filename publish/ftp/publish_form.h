@@ -21,6 +21,7 @@ class QPushButton;
 
 namespace pondera {
 
+class LoginGroup;
 class PublishOptions;
 class RemoteView;
 class TransferView;
@@ -65,16 +66,13 @@ class PublishForm : public QDialog {
     /// `name` is the dialog's, `highest_index` that of its command stack.
     PublishForm(Workbench& workbench, const QString& name, int highest_index);
 
-    /// Lays the dialog out around the fields of its login. `connect_button` belongs among these.
-    void build(QWidget* login_fields);
+    /// Lays the dialog out around the fields of its login.
+    void build(LoginGroup* fields);
+    /// What the fields of the login are made with.
     [[nodiscard]] QPushButton* connect_button() const { return connect_; }
 
     /// The login as typed; nothing when something is missing, which the person was told then.
     [[nodiscard]] virtual std::optional<ServerLogin> login() = 0;
-    /// The fields can be changed or not.
-    virtual void set_login_enabled(bool enabled) = 0;
-    /// Brings the person to the field that a failed connection is about.
-    virtual void point_out(int /*code*/) {}
     /// What connects: it goes to the Website's folder. Called once the session is set up.
     [[nodiscard]] virtual std::shared_ptr<ConnectTask> connect_task();
     /// That task was stopped, or the line broke.
@@ -146,6 +144,7 @@ class PublishForm : public QDialog {
     Workbench& workbench_;
     int highest_index_;
     QPushButton* connect_;
+    LoginGroup* login_fields_ = nullptr;
     ConnectionView* connection_;
     PublishOptions* options_;
     RemoteView* remote_;

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "publish/ftp/field_pieces.h"
+#include "workbench/plain_tip.h"
 
 using namespace Qt::StringLiterals;
 

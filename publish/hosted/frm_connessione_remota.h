@@ -4,10 +4,6 @@
 #include "publish/hosted/account_task.h"
 #include "publish/hosted/hosted_login.h"
 
-class QCheckBox;
-class QComboBox;
-class QFormLayout;
-class QGroupBox;
 class QLabel;
 class QLineEdit;
 
@@ -22,8 +18,6 @@ class Frm_Connessione_Remota : public PublishForm {
 
   protected:
     [[nodiscard]] std::optional<ServerLogin> login() override;
-    void set_login_enabled(bool enabled) override;
-    void point_out(int code) override;
     [[nodiscard]] std::shared_ptr<ConnectTask> connect_task() override;
     void not_connected() override { drop_account_copy(); }
     void connected() override;
@@ -34,8 +28,7 @@ class Frm_Connessione_Remota : public PublishForm {
     [[nodiscard]] QString refusal_to_send(const QString& only) const override;
 
   private:
-    [[nodiscard]] QGroupBox* make_fields();
-    void name_fields();
+    void make_fields();
     [[nodiscard]] HostedLogin fields() const;
     void show_fields(const HostedLogin& login);
     void load_data();
@@ -46,14 +39,10 @@ class Frm_Connessione_Remota : public PublishForm {
     void refuse();
 
     HostingService service_;
-    QComboBox* Nome_Host_;
-    QLineEdit* user_id_;
-    QLineEdit* password_;
+    LoginGroup* login_;
     QLineEdit* txtDomain_;
     QLineEdit* txtPassword_;
     QLabel* address_note_;
-    QCheckBox* chkSalvaDati_;
-    QCheckBox* chkDeleteData_;
     std::shared_ptr<AccountTask> account_;
 };
 

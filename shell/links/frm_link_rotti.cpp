@@ -4,6 +4,7 @@
 
 #include "shell/links/broken_links_command.h"
 #include "site/page_name.h"
+#include "workbench/plain_tip.h"
 #include "workbench/workbench.h"
 
 namespace pondera {
@@ -117,7 +118,7 @@ void frm_link_rotti::show_check() {
         for (int column = 0; column < texts.size(); ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
             item->setData(Qt::UserRole, row);
-            item->setToolTip(texts[column]);
+            item->setToolTip(plain_tip(texts[column]));
             table_->setItem(row, column, item);
         }
     }

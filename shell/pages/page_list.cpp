@@ -5,6 +5,7 @@
 #include "shell/pages/page_icons.h"
 #include "shell/pages/page_order.h"
 #include "site/page_name.h"
+#include "workbench/plain_tip.h"
 
 namespace pondera {
 
@@ -70,7 +71,7 @@ void PageList::offer(QStringList pages, QStringList documents) {
     for (const QString& file : pages + documents) {
         entries += new QStandardItem(icons.of(file), page_list_display(file));
         entries.last()->setData(file, kFileRole);
-        entries.last()->setToolTip(file);
+        entries.last()->setToolTip(plain_tip(file));
     }
     files_->invisibleRootItem()->appendRows(entries);
     show_nothing_found();

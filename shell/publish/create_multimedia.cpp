@@ -8,8 +8,9 @@ namespace pondera {
 
 /// Makes the open Website's package for a CD-ROM.
 void mnu_player(Workbench& workbench) {
-    frm_player form(workbench, multimedia_drives(workbench.roots()),
-                    [&workbench] { return bring_up_to_date(workbench); });
+    frm_player form(
+        workbench, [&workbench] { return multimedia_drives(workbench.roots()); },
+        [&workbench] { return bring_up_to_date(workbench); });
     workbench.prompts().run(form);
 }
 
