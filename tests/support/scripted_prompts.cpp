@@ -14,8 +14,9 @@
 namespace pondera {
 namespace {
 
-/// Every key with Alt does one thing in a form.
-void expect_keys_once(const QDialog& form) {
+/// A form fits a small screen, and every key with Alt does one thing in it.
+void expect_good_form(const QDialog& form) {
+    EXPECT_TRUE(form.width() <= 1024 && form.height() <= 700) << form.objectName().toStdString();
     QHash<QKeySequence, QString> keys;
     const auto note = [&](const QString& caption) {
         const QKeySequence key = QKeySequence::mnemonic(caption);
@@ -136,7 +137,7 @@ bool ScriptedPrompts::run(QDialog& form) {
     if (!step) return false;
     EXPECT_EQ(step->text, form.objectName());
     QTimer::singleShot(0, &form, [&] {
-        expect_keys_once(form);
+        expect_good_form(form);
         try {
             step->fill(FormHand(form));
         } catch (const std::runtime_error& error) {

@@ -100,23 +100,20 @@ TEST_F(DocumentText, ReloadedFromDiskIsOneUnmodifiedStep) {
     EXPECT_EQ(body(), u"\n<P>theirs</P>"_s);
     EXPECT_FALSE(editor_.modified());
     EXPECT_FALSE(editor_.changed_on_disk());
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_EQ(editor_.text(), mine);
+    undo_to(mine);
     EXPECT_TRUE(editor_.modified());
 }
 
 TEST_F(DocumentText, ReplacedAsAWholeIsOneStep) {
     load(u"<html><head><title>A</title></head><body><p>one</p><p>two</p></body></html>"_s);
     const QString before = editor_.text();
-    EXPECT_FALSE(editor_.modified());
     editor_.replace_text(
         u"<!DOCTYPE html><html><head><title>B</title></head><body bgcolor=red><p>one</p><p>2</p></body></html>"_s);
     const QString after = editor_.text();
     EXPECT_TRUE(after.contains(u"<!DOCTYPE html>"_s) && after.contains(u"<BODY bgcolor=red>"_s) &&
                 after.contains(u"<P>2</P>"_s));
     EXPECT_TRUE(editor_.modified());
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_EQ(editor_.text(), before);
+    undo_to(before);
     EXPECT_FALSE(editor_.modified());
     EXPECT_FALSE(editor_.execute(EditCommand::kUndo));
     EXPECT_TRUE(editor_.execute(EditCommand::kRedo));

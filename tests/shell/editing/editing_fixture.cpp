@@ -40,12 +40,6 @@ void EditingFixture::load_selected(const QString& markup) {
     settle();
 }
 
-void EditingFixture::make_picture(const QString& name, QSize size) {
-    QImage picture(size, QImage::Format_RGB32);
-    picture.fill(Qt::darkCyan);
-    ASSERT_TRUE(picture.save(path(name)));
-}
-
 void EditingFixture::click(QPoint place) {
     QTest::mouseClick(&view(), Qt::LeftButton, {}, place);
     settle();

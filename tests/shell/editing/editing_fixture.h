@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWebEngineScript>
@@ -27,8 +28,14 @@ class EditingFixture : public testing::Test {
     /// Loads a body in which "[" and "]" stand at the ends of the selection ("|": the caret), and selects that.
     void load_selected(const QString& markup);
 
-    /// Writes a plain coloured PNG of that size into the folder.
-    void make_picture(const QString& name, QSize size);
+    /// Writes a picture of that size into the folder.
+    void make_picture(const QString& name, QSize size) { ASSERT_TRUE(QPixmap(size).save(path(name))); }
+
+    /// What was done was one step, and the text before it comes back.
+    void undo_to(const QString& before) {
+        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+        EXPECT_EQ(editor_.text(), before);
+    }
 
     void click(QPoint place);
     void double_click(QPoint place);

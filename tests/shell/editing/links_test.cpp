@@ -2,16 +2,17 @@
 
 namespace pondera {
 
+using testing::AllOf;
+
 class Links : public EditingFixture {
   protected:
     /// What a command makes of a selection, which is one step; links to x.htm are shown as "<X>".
     QString after(const QString& page, EditCommand command) {
         load_selected(page);
-        const QString before = text();
+        const QString before = editor_.text();
         EXPECT_TRUE(editor_.execute(command, u"x.htm"_s)) << page.toStdString();
         QString made = text();
-        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-        EXPECT_EQ(text(), before);
+        undo_to(before);
         EXPECT_TRUE(editor_.execute(EditCommand::kRedo));
         const QString spelled = editor_.text();
         load(spelled);
@@ -80,12 +81,10 @@ TEST_F(Links, PlacesAreListedAndAHeadingGetsANameWithTheLink) {
     for (const PagePlace& place : editor_.places())
         places += u"%1 %2 %3"_s.arg(place.heading).arg(place.name, place.text);
     EXPECT_EQ(places.join(u'|'), u"1  Our trips|0 sea By the sea|2 mountain Up|0 DEX on"_s);
-    const QString before = text();
+    const QString before = editor_.text();
     EXPECT_TRUE(editor_.link_to_place(0, u"Our-trips"_s));
-    EXPECT_TRUE(text().startsWith(u"<H1 id=Our-trips>"_s)) << text().toStdString();
-    EXPECT_TRUE(text().contains(u"<A href=\"#Our-trips\">read</A>"_s));
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_EQ(text(), before) << "one step";
+    EXPECT_THAT(text(), AllOf(Holds(u"<H1 id=Our-trips>"_s), Holds(u"<A href=\"#Our-trips\">read</A>"_s)));
+    undo_to(before);
     EXPECT_TRUE(editor_.link_to_place(2, u"unused"_s));
     EXPECT_THAT(text(), Holds(u"<A href=\"#mountain\">read</A>"_s));
     EXPECT_FALSE(editor_.link_to_place(9, u"x"_s));
@@ -101,7 +100,6 @@ TEST_F(Links, PlacesAreNamedRenamedAndTakenAway) {
         [&](const QString& page) {
             load_selected(page + u"<p><a href=\"#n\">to</a></p>"_s);
             const QString before = text();
-            EXPECT_EQ(editor_.place_name(), QString());
             EXPECT_TRUE(editor_.set_place_name(u"n"_s));
             const QString named = text();
             EXPECT_EQ(editor_.place_name(), u"n"_s) << page.toStdString();

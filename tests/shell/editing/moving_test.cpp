@@ -40,7 +40,6 @@ class Moving : public EditingFixture {
 
 TEST_F(Moving, AClickSelectsAndDescribesTheElement) {
     load_body(u"<p>text</p><a href=\"x.htm\">"_s + picture(u"logo"_s, 100, 100) + u"</a>"_s);
-    EXPECT_EQ(editor_.selection().type, SelectionType::kNone);
     EXPECT_EQ(editor_.status(EditCommand::kHyperlink), CommandStatus::kDisabled);
     click(kInside);
     const Selection selection = editor_.selection();
@@ -48,7 +47,6 @@ TEST_F(Moving, AClickSelectsAndDescribesTheElement) {
     EXPECT_EQ(selection.element->name, u"logo"_s);
     EXPECT_EQ(selection.element->box, QRect(100, 100, 60, 40));
     EXPECT_EQ(selection.element->z_index, u"5"_s);
-    EXPECT_EQ(selection.element->parent_tag, u"A"_s);
     EXPECT_EQ(selection.element->parent_outer_html, u"<A href=\"x.htm\">"_s + picture(u"logo"_s, 100, 100) + u"</A>"_s);
     EXPECT_EQ(editor_.status(EditCommand::kHyperlink), CommandStatus::kEnabled);
     EXPECT_FALSE(editor_.modified());
@@ -60,8 +58,7 @@ TEST_F(Moving, DraggingMovesByWhatTheMouseMoved) {
     drag(kInside, kInside + QPoint(57, 213), Qt::AltModifier);
     EXPECT_EQ(box().topLeft(), QPoint(157, 313));
     EXPECT_EQ(body(), picture(u"a"_s, 157, 313));
-    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_EQ(editor_.text(), before_);
+    undo_to(before_);
 
     load_body(
         u"<img src=a.png style=\"position: absolute; left: 100; top: 100; filter: blendTrans(duration=3); z-index: 1010\">"_s);
@@ -86,10 +83,7 @@ TEST_F(Moving, WhateverPlacesAnElementItFollowsTheMouseWithinThePageAndKeepsItsS
         {u""_s, u"left:-20px; top:10px"_s, {5, 5}, {5, 5}},
         {u""_s, u"left:-20px; top:10px"_s, {-9, -50}, {0, -10}},
         {box.arg(u""_s), u"left:20px; top:20px"_s, {-50, -200}, {-50, -120}},
-        {u"<style>body { position:relative; width:500px; margin:0 auto }</style>"_s,
-         u"left:10px"_s,
-         {-60, 0},
-         {-60, 0}},
+        {u"<style>body { position:relative; margin:0 200px }</style>"_s, u"left:10px"_s, {-60, 0}, {-60, 0}},
     };
     for (const auto& [page, style, by, moved] : cases) {
         load_body(page + u"<div name=e style='position:absolute; background:lime; %1'>some words</div>"_s.arg(style));
@@ -134,8 +128,7 @@ TEST_F(Moving, HeldAtTheEdgeItScrollsOn) {
 }
 
 TEST_F(Moving, FramesAndPlayersAreSelectedNotWorked) {
-    ASSERT_TRUE(write_text_file(path(u"inner.htm"_s), u"<a href=other.htm><h1>away</h1><h1>away</h1></a>"_s,
-                                TextEncoding::kUtf8));
+    ASSERT_TRUE(write_file(path(u"inner.htm"_s), "<a href=other.htm><h1>away</h1><h1>away</h1></a>"));
     load_body(
         u"<noscript><h1>No scripts</h1></noscript><p name=p>text</p>"
         "<iframe src=inner.htm style='position:absolute; left:100px; top:100px; width:200px; height:100px'></iframe>"
@@ -143,11 +136,10 @@ TEST_F(Moving, FramesAndPlayersAreSelectedNotWorked) {
         picture(u"over"_s, 110, 110));
     EXPECT_LT(shown(u"p"_s).top(), 20) << "NOSCRIPT is shown";
     EXPECT_TRUE(body().contains(u"No scripts"_s));
-    const struct {
-        QPoint place;
-        QString tag;
-    } clicks[] = {{{190, 170}, u"IFRAME"_s}, {{430, 185}, u"VIDEO"_s}, {{130, 120}, u"IMG"_s}, {{20, 15}, {}}};
-    for (const auto& [place, tag] : clicks) {
+    for (const auto& [place, tag] : {std::pair{QPoint(190, 170), u"IFRAME"_s},
+                                     {QPoint(430, 185), u"VIDEO"_s},
+                                     {QPoint(130, 120), u"IMG"_s},
+                                     {QPoint(20, 15), QString()}}) {
         double_click(place);
         EXPECT_EQ(selected().tag, tag);
     }
@@ -236,7 +228,6 @@ TEST_F(Moving, APictureInTheTextGetsAPlaceOfItsOwn) {
     load_body(u"<p><img src=a.png name=flow> text</p>"_s);
     const QPoint from(20, 30);
     click(from);
-    ASSERT_EQ(editor_.selection().type, SelectionType::kControl);
     EXPECT_EQ(editor_.status(EditCommand::kMakeAbsolute), CommandStatus::kEnabled);
     const QPoint before = box().topLeft();
     drag(from, from + QPoint(100, 100), Qt::AltModifier);
@@ -249,9 +240,6 @@ TEST_F(Moving, LevelsChangeOnTheirSideOfTheText) {
     const QHash<QString, EditCommand> commands{{u"forward"_s, kBringForward}, {u"backward"_s, kSendBackward},
                                                {u"front"_s, kBringToFront},   {u"back"_s, kSendToBack},
                                                {u"above"_s, kBringAboveText}, {u"below"_s, kSendBelowText}};
-    const auto level = [this](const QString& name) {
-        return editor_.select_element(name) ? selected().z_index : u"(gone)"_s;
-    };
     expect_results(
         [&](const QString& row) {  // the levels of a, b and c, and what is done with one of them
             const QStringList words = row.split(u' ');
@@ -259,7 +247,10 @@ TEST_F(Moving, LevelsChangeOnTheirSideOfTheText) {
                       picture(u"c"_s, 210, 10, words[2]));
             editor_.select_element(words[3]);
             EXPECT_TRUE(editor_.execute(commands[words[4]]));
-            return level(u"a"_s) + u' ' + level(u"b"_s) + u' ' + level(u"c"_s);
+            QStringList levels;
+            for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
+                levels += editor_.select_element(name) ? selected().z_index : u"(gone)"_s;
+            return levels.join(u' ');
         },
         {u"5 7 9 a forward → 7 5 9", u"5 5 5 a forward → 6 5 6", u"7 7 5 c forward → 5 8 7", u"5 7 9 c front → 5 7 9",
          u"5 7 9 b front → 5 10 9", u"5 7 9 b back → 5 4 9", u"1 2 9 c back → 2 2 1", u"-1 -1 4 a forward → -1 -2 4",

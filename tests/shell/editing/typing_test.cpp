@@ -44,8 +44,8 @@ TEST_F(Typing, ParagraphsStayApartAndBringNoLookAlong) {
     key(Qt::Key_Backspace);
     type(u"-"_s);
     EXPECT_THAT(body(), Holds(u"<H1>Head-Words <FONT color=red>red</FONT></H1>"_s));
-    for (int step = 0; step < 2; ++step) EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-    EXPECT_EQ(editor_.text(), before);
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    undo_to(before);
 
     load_selected(u"<p>one <b>t[wo</b></p><ul><li>three</li><li>fo]ur</li></ul><p>five</p>"_s);
     key(Qt::Key_Delete);
@@ -74,8 +74,7 @@ TEST_F(Typing, FormatsAreOldFashionedTagsAndShowTheirStatus) {
         EXPECT_EQ(editor_.status(command), CommandStatus::kEnabled);
         EXPECT_TRUE(editor_.execute(command, value));
         EXPECT_EQ(text(), result);
-        EXPECT_TRUE(editor_.execute(kUndo));
-        EXPECT_EQ(editor_.text(), before);
+        undo_to(before);
         EXPECT_EQ(editor_.selection().text, u"two"_s);
     }
     load_selected(u"<p><b>[bold]</b> plain</p>"_s);
@@ -120,8 +119,7 @@ TEST_F(Typing, OfficeMarkupIsCleanedOnPaste) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return editor_.text() != before; }));
         EXPECT_FALSE(body().contains(u"style"_s) || body().contains(u"Mso"_s) || body().contains(u"plain"_s))
             << qPrintable(body());
-        EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
-        EXPECT_EQ(editor_.text(), before);
+        undo_to(before);
     }
 }
 

@@ -59,7 +59,7 @@ TEST_F(LinkCommands, LinkToAPageIsOneStepAndOpensWhereItLeads) {
 TEST_F(LinkCommands, LinkToAnAddressIsCompletedOrRefused) {
     link_words([&](const FormHand& form) {
         prompts_.expect_message(u"cannot run a script"_s);
-        form.click(u"link_to_address"_s).photograph(u"link_address"_s);
+        form.click(u"link_to_address"_s);
         form.type(u"txtAddress"_s, u"javascript:x()"_s).click(u"OKButton"_s);
         form.type(u"txtAddress"_s, u"www.example.org"_s).press(Qt::Key_Return);
     });
@@ -93,12 +93,12 @@ TEST_F(LinkCommands, LinkToAPlaceOfThePage) {
         EXPECT_EQ(form.entries(u"places"_s).join(u'|'), u"Trips|sea  ;  [By the sea]"_s);
         form.double_click(u"places"_s, u"Trips"_s);
     });
-    EXPECT_TRUE(body().startsWith(u"<H1 id=Trips>Trips</H1>"_s + linked(u"#Trips"_s))) << body().toStdString();
+    EXPECT_THAT(body(), Holds(u"<H1 id=Trips>Trips</H1>"_s + linked(u"#Trips"_s)));
     link([](const FormHand& form) {
         EXPECT_EQ(form.widget<QListWidget>(u"places"_s).currentRow(), 0);
         form.choose(u"places"_s, u"sea  ;  [By the sea]"_s).click(u"OKButton"_s);
     });
-    EXPECT_TRUE(body().contains(linked(u"#sea"_s)));
+    EXPECT_THAT(body(), Holds(linked(u"#sea"_s)));
 }
 
 TEST_F(LinkCommands, LinkSaysWhyNotAndTheTreeLinksByTheSameRules) {
@@ -132,7 +132,7 @@ TEST_F(LinkCommands, AnchorsAreNamedChangedAndRemoved) {
         prompts_.expect_message(u"already has a place named TOP"_s);
         form.type(u"txtName"_s, u"TOP"_s).click(u"OKButton"_s).type(u"txtName"_s, u"sea"_s).press(Qt::Key_Return);
     });
-    EXPECT_TRUE(body().endsWith(u"<P><A id=sea>By the sea</A></P>"_s)) << body().toStdString();
+    EXPECT_THAT(body(), Holds(u"<P><A id=sea>By the sea</A></P>"_s));
     name([](const FormHand& form) { form.type(u"txtName"_s, u"beach"_s).click(u"OKButton"_s); });
     EXPECT_TRUE(body().endsWith(u"<P><A id=beach>By the sea</A></P>"_s));
     name([](const FormHand& form) { form.click(u"remove_anchor"_s); });
@@ -149,7 +149,6 @@ TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
     run_told(u"mnu_link_rotti"_s, u"has unsaved changes"_s, Answer::kCancel);
     const auto go_to_second = [&](const FormHand& form) {
         EXPECT_EQ(form.widget<QLabel>(u"count"_s).text(), u"4 addresses lead nowhere, of 4 links on 3 pages."_s);
-        form.photograph(u"broken_links"_s);
         ASSERT_TRUE(write_file(shop(u"lost.gif"_s), "x"));
         form.click(u"check_again"_s);
         EXPECT_EQ(form.entries(u"broken_links"_s).join(u'|'), u"HOME PAGE|HOME PAGE|media/img/menu_items.js"_s);

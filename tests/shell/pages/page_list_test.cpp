@@ -29,9 +29,8 @@ TEST_F(PageListForm, OffersWhatTheModeAllowsInTheOrderOfPeople) {
     const auto entries_are = [](const QString& mode, const QString& entries) {
         return [=](const FormHand& form) {
             EXPECT_EQ(form.form().property("mode").toString(), mode);
-            EXPECT_EQ(form.form().windowTitle(), u"Link to Popup");
             EXPECT_EQ(form.entries(u"list"_s).join(u'|'), entries);
-            form.photograph(mode).double_click(u"list"_s, u"day2  ;  [page]"_s);
+            form.double_click(u"list"_s, u"day2  ;  [page]"_s);
         };
     };
     EXPECT_EQ(chosen(PageListMode::kCancellazione, entries_are(u"CANCELLAZIONE"_s, pages)), u"_4_day2.htm");
@@ -47,7 +46,7 @@ TEST_F(PageListForm, IsWorkedByKeys) {
     const auto only_one = [](const FormHand& form) { form.type(u"txtFilter"_s, u"popup"_s).press(Qt::Key_Return); };
     EXPECT_EQ(chosen(PageListMode::kCollega, only_one), u"_x_Map.htm");
     const auto escape_twice = [](const FormHand& form) {
-        form.type(u"txtFilter"_s, u"xyz"_s).photograph(u"nothing_found"_s);
+        form.type(u"txtFilter"_s, u"xyz"_s);
         EXPECT_TRUE(form.widget<QLabel>(u"lblNothing"_s).text().contains(u"\"xyz\""_s));
         form.press(Qt::Key_Escape);
         EXPECT_EQ(form.entries(u"list"_s).size(), 7);

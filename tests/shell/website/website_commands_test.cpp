@@ -74,19 +74,6 @@ TEST_F(WebsiteCommands, OpenWebsiteByMouseAndKeys) {
     EXPECT_EQ(recent_websites(settings_, roots_).join(u' '), u"Shop Empty");
 }
 
-TEST_F(WebsiteCommands, FormsFitASmallScreenAtAnyModelCount) {
-    const QString model = roots_.system_folder() + u"/Model-with-a-rather-long-name-%1_§_%2_card.htm"_s;
-    for (int n = 0; n < 12; ++n)
-        for (const int card : {1, 2}) ASSERT_TRUE(write_file(model.arg(n).arg(card), "x"));
-    prompts_.expect_form(u"Frm_Nuovo"_s, name_it(u"Bakery"_s))
-        .expect_form(u"Frm_Selezione_Iniziale"_s, [](const FormHand& form) {
-            EXPECT_LE(form.form().frameGeometry().width(), 1024);
-            EXPECT_LE(form.form().frameGeometry().height(), 700);
-            form.photograph(u"many_models"_s).click(u"CancelButton"_s);
-        });
-    choose(u"Crea_Website"_s);
-}
-
 TEST_F(WebsiteCommands, RecentWebsitesAreEightThatStillExist) {
     for (int n = 1; n <= 12; ++n) {
         const QString name = u"Web%1"_s.arg(n);

@@ -42,15 +42,19 @@ TEST_F(LongWork, IsCancelledByEscOrTheButtonAndByNothingElse) {
     EXPECT_EQ(steps_done(Cancelling::kNo, button), 80);
     EXPECT_FALSE(cancel.isVisible());
 
-    auto& tree = find<QWidget>(u"TreeView1"_s);
+    const auto panels = [this] {
+        return find<QLabel>(u"panel_what"_s).text() + u'|' + find<QLabel>(u"panel_state"_s).text();
+    };
     const auto close_it = [&] {
-        click(*tree.findChild<QWidget*>(u"qt_scrollarea_viewport"_s));
+        EXPECT_TRUE(panels() == u"Import|in progress..." && find<QProgressBar>(u"ProgressBar1"_s).value() > 0);
+        click(*find<QTreeWidget>(u"TreeView1"_s).viewport());
         post<QKeyEvent>(*window_, QEvent::KeyPress, Qt::Key_Q, Qt::ControlModifier);
         window_->close();
     };
     EXPECT_EQ(steps_done(Cancelling::kYes, close_it), 80);
     EXPECT_TRUE(window_->isVisible());
     EXPECT_EQ(page(), u"index.htm");
+    EXPECT_EQ(panels(), u"|");
 }
 
 }  // namespace pondera

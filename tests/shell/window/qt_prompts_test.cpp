@@ -29,8 +29,6 @@ TEST(QtPromptsTest, ReturnGivesTheFirstAnswerAndEscTheHarmlessOne) {
         {{A::kOk}, A::kOk},
         {{A::kYes, A::kNo}, A::kNo},
         {{A::kYes, A::kNo, A::kCancel}, A::kCancel},
-        {{A::kSave, A::kDiscard, A::kCancel}, A::kCancel},
-        {{A::kOverwrite, A::kReload, A::kCancel}, A::kCancel},
         {{A::kCancel, A::kReload}, A::kCancel},
     };
     for (const auto& [answers, on_escape] : escapes) {

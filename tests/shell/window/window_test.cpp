@@ -175,18 +175,4 @@ TEST_F(MainFormTest, TheRightClickMenuHoldsTheCommandsThatExist) {
     menu.close();
 }
 
-TEST_F(MainFormTest, TheStatusBarCountsLongWorkAndShowsThePageAfterwards) {
-    open(u"Shop"_s);
-    auto& bar = find<QProgressBar>(u"ProgressBar1"_s);
-    {
-        ProgressRun run(workbench().progress(), u"Save of page"_s, u"in progress..."_s, 4);
-        run.advance(3);
-        EXPECT_TRUE(bar.isVisible());
-        EXPECT_EQ(bar.value(), 3);
-        EXPECT_EQ(panel(u"panel_what"_s) + u'|' + panel(u"panel_state"_s), u"Save of page|in progress..."_s);
-    }
-    EXPECT_FALSE(bar.isVisible());
-    EXPECT_EQ(panel(u"panel_what"_s) + u'|' + panel(u"panel_page"_s), u"|HOME PAGE"_s);
-}
-
 }  // namespace pondera
