@@ -64,10 +64,6 @@ TEST_F(LinkCommands, LinkToAnAddressIsCompletedOrRefused) {
         form.type(u"txtAddress"_s, u"www.example.org"_s).press(Qt::Key_Return);
     });
     EXPECT_EQ(body(), linked(u"https://www.example.org"_s));
-    link([](const FormHand& form) {
-        EXPECT_EQ(form.widget<QLineEdit>(u"txtAddress"_s).text(), u"https://www.example.org"_s);
-        form.press(Qt::Key_Escape);
-    });
 }
 
 TEST_F(LinkCommands, LinkToAFileOfThisComputerBringsItIn) {
@@ -123,9 +119,7 @@ TEST_F(LinkCommands, LinkSaysWhyNotAndTheTreeLinksByTheSameRules) {
 TEST_F(LinkCommands, AnchorsAreNamedChangedAndRemoved) {
     show_page(u"<h1>Trips <a id=top></a></h1><p>By the sea</p>"_s);
     select(u"p"_s);
-    const auto name = [&](const ScriptedPrompts::Filler& fill) {
-        run_form(u"mnu_ins_ancora"_s, u"frm_ancora"_s, fill);
-    };
+    const auto name = [&](const auto& fill) { run_form(u"mnu_ins_ancora"_s, u"frm_ancora"_s, fill); };
     name([&](const FormHand& form) {
         EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"By-the-sea"_s);
         EXPECT_EQ(form.form().findChild<QPushButton*>(u"remove_anchor"_s), nullptr);
@@ -165,9 +159,6 @@ TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
     prompts_.expect_form(u"frm_link_rotti"_s, go_to_menu)
         .expect_message(u"stands in the file media/img/menu_items.js"_s);
     choose(u"mnu_link_rotti"_s);
-    QFile::remove(menu);
-    write(u"Shop"_s, u"çindex.htm"_s, u"<p>x <a href=_4_Trips.htm>first</a></p>"_s);
-    run_told(u"mnu_link_rotti"_s, u"There are no broken links.\nChecked: 1 link on 3 pages."_s);
 }
 
 }  // namespace pondera

@@ -35,14 +35,13 @@ TEST_F(ExternalPageCommand, ASavedPageBecomesAPageThatWorksAndStaysWhole) {
     run_told(u"mnu_pag_esterna"_s, u"unsaved changes"_s, Answer::kCancel);
     prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard);
     choose_file(kSavedPage);
-    prompts_
-        .expect_form(u"Frm_Nuova_Scheda"_s,
-                     [&](const FormHand& form) {
-                         EXPECT_EQ(form.form().windowTitle(), u"External Web Page");
-                         EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"By-the-sea");
-                         form.photograph(u"external-page"_s).type(u"txtName"_s, u"Trips"_s).click(u"OKButton"_s);
-                         form.type(u"txtName"_s, u"Seaside"_s).click(u"OKButton"_s);
-                     })
+    const auto name = [](const FormHand& form) {
+        EXPECT_EQ(form.form().windowTitle(), u"External Web Page");
+        EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"By-the-sea");
+        form.type(u"txtName"_s, u"Trips"_s).click(u"OKButton"_s);
+        form.type(u"txtName"_s, u"Seaside"_s).click(u"OKButton"_s);
+    };
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, name)
         .expect_message(u"the name of other pages of the Website"_s)
         .expect_message(
             u"are too many:\n./By%20the%20sea_files/gone.png\n../secret.png\n\nLinks to other pages and "
