@@ -173,6 +173,8 @@ void PublishForm::start_work(const QString& stage) {
 }
 
 void PublishForm::finish_work(const QString& text, Tone tone) {
+    // Closing the publication may take a busy disk seconds: the state shown meanwhile is the last one.
+    show_live();
     Timer1_.stop();
     Timer2_.stop();
     fetching_.reset();
