@@ -135,11 +135,16 @@ std::shared_ptr<SendTask> FtpPublication::send_task() {
     // What a broken upload left is tidied up even when there is nothing to send.
     const bool tidy = record_.unfinished().isEmpty() || !is_of_all();
     if (plan_.send.isEmpty() && plan_.remove.isEmpty() && tidy) return nullptr;
+    QStringList there = remote_.folders;
+    // A media folder that nothing was ever put into is not asked about; an earlier publication has made it.
+    if (!record_.files().isEmpty() && remote_.folders.contains(u"media"_s))
+        for (const QString& folder : {u"media/img"_s, u"media/video"_s, u"media/audio"_s})
+            if (!remote_.listed_folders.contains(folder)) there << folder;
     return send_ = std::make_shared<SendTask>(SendTask::Job{.staging_folder = staging_,
                                                             .remote_folder = order_.remote_folder,
                                                             .plan = plan_,
                                                             .record = &record_,
-                                                            .folders = remote_.folders});
+                                                            .folders = there});
 }
 
 FileResult<void> FtpPublication::close() {
