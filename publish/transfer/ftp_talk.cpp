@@ -9,6 +9,14 @@ namespace {
 constexpr qsizetype kLongestTalk = 1 << 20;
 constexpr int kServiceCloses = 421;
 
+/// The number with which the last line of a reply begins; 0 for every other line.
+int code_of(const QByteArray& line) {
+    constexpr qsizetype kDigits = 3;
+    const bool is_last = line.size() > kDigits && line[kDigits] == ' ' &&
+                         std::all_of(line.begin(), line.begin() + kDigits, [](char c) { return c >= '0' && c <= '9'; });
+    return is_last ? line.first(kDigits).toInt() : 0;
+}
+
 }  // namespace
 
 void FtpTalk::heard_command(const QByteArray& line) {
@@ -21,17 +29,12 @@ void FtpTalk::heard_reply(const QByteArray& line) {
     bytes_ += line.size();
     if (endless()) return;
     // A reply that nothing was sent for is the welcome, or a farewell.
-    if (replies_.isEmpty() || (replies_.last().code >= 200 && replies_.last().code != 0)) replies_ << FtpReply{};
+    if (replies_.isEmpty() || replies_.last().code >= 200) replies_ << FtpReply{};
     FtpReply& reply = replies_.last();
-    const QByteArray text = line.trimmed();
     // "150 opening" and "226 done" answer the same command: the second stands.
     if (reply.code != 0) reply.text.clear();
-    reply.text += (reply.text.isEmpty() ? "" : "\n") + text;
-    reply.code = 0;
-    const bool last_line = text.size() >= 3 && (text.size() == 3 || text[3] == ' ');
-    bool number = false;
-    const int code = text.first(std::min<qsizetype>(3, text.size())).toInt(&number);
-    if (last_line && number) reply.code = code;
+    reply.text += (reply.text.isEmpty() ? "" : "\n") + line.trimmed();
+    reply.code = code_of(line);
 }
 
 const FtpReply* FtpTalk::reply_to(const QByteArray& verb) const {

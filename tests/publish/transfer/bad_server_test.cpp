@@ -41,7 +41,8 @@ TEST_F(BadServers, AFileTakesFourCommands) {
 }
 
 TEST_F(BadServers, TheStatesOfACommand) {
-    server.welcome = "220-" + QByteArrayList(100, "welcome, welcome").join("\r\n220-") + "\r\n220 ready\r\n";
+    server.welcome =
+        "220-" + QByteArrayList(100, "welcome, welcome").join("\r\n220-") + "\r\n 421 are here\r\n220 ready\r\n";
     ASSERT_EQ(control.run(u"MKDIR x"_s), kFine);
     using enum InternetState;
     EXPECT_EQ(control.states.first(7), (QList{kResolvingHost, kHostResolved, kConnecting, kConnected, kRequesting,
