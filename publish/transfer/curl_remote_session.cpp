@@ -73,6 +73,9 @@ TransferResult<RemoteListing> CurlRemoteSession::list_by(const QString& folder, 
         return bytes.size() <= kLongestListing;
     };
     const CurlAnswer answer = curl_.perform(request);
+    if (bytes.size() > kLongestListing)
+        return std::unexpected(
+            TransferFault{.code = kServerAnsweredError, .text = u"The list of this folder is too long."_s});
     if (const TransferResult<void> result = result_of(answer); !result) return std::unexpected(result.error());
     RemoteListing listing = parse_listing(bytes);
     for (const RemoteEntry& entry : std::as_const(listing.entries)) {
@@ -90,8 +93,9 @@ TransferResult<void> CurlRemoteSession::fetch(const QString& path, IncomingFile&
     const CurlAnswer answer = curl_.perform({
         .path = url_path(path),
         .sink = [&](const char* part, qint64 count) { return written = file.write(part, count); },
+        .largest = IncomingFile::kLargest,
     });
-    if (file.too_large())
+    if (file.too_large() || answer.result == CURLE_FILESIZE_EXCEEDED)
         return std::unexpected(TransferFault{.code = kServerAnsweredError, .text = u"The file is larger than 1 GB."_s});
     if (!written) return std::unexpected(local_fault(file.error()));
     return result_of(answer);
@@ -147,6 +151,8 @@ TransferResult<void> CurlRemoteSession::make_way(const QString& whole, const QSt
                                                  const TransferFault& refusal) {
     const QString other = temporary_beside(whole);
     if (renaming_ == Renaming::kOverFiles) {
+        // One that an earlier try left would stand in the way.
+        std::ignore = remove_file(other);
         const TransferResult<void> free_name = change(RemoteChange::kRename, whole, other);
         if (!free_name) {
             if (free_name.error().code == kServerAnsweredError) renaming_ = Renaming::kNever;

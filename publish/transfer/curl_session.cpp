@@ -94,6 +94,9 @@ void CurlSession::configure(const CurlRequest& request) {
     // through after each file, and none is ever asked for again.
     set(CURLOPT_DNS_CACHE_TIMEOUT, 0L);
     set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>((waits_.connect + waits_.silence).count()));
+    // While a film goes up for an hour the control connection is silent, and routers forget silent connections.
+    set(CURLOPT_TCP_KEEPALIVE, 1L);
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(request.largest));
     if (request.source) {
         set(CURLOPT_UPLOAD, 1L);
         set(CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(request.source_size));

@@ -32,6 +32,7 @@ struct CurlRequest {
     std::function<bool(const char* bytes, qint64 count)> sink{};  ///< false ends the request
     std::function<qint64(char* bytes, qint64 room)> source{};     ///< gives the count; below 0 ends the request
     qint64 source_size = 0;
+    qint64 largest = 0;  ///< a file that the server says is larger is not begun; 0 for no bound
 };
 
 enum class CurlEnd { kItself, kInterrupted, kTooSlow, kEndlessReply };

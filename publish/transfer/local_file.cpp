@@ -43,7 +43,6 @@ FileResult<void> IncomingFile::open() {
 }
 
 bool IncomingFile::write(const char* bytes, qint64 count) {
-    constexpr qint64 kLargest = qint64(1) << 30;
     too_large_ = too_large_ || count > kLargest - file_.pos();
     return !too_large_ && file_.write(bytes, count) == count;
 }

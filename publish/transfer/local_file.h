@@ -33,13 +33,15 @@ class OutgoingFile {
 /// A local file on its way from the server. It stands at its place only when it is whole.
 class IncomingFile {
   public:
+    static constexpr qint64 kLargest = qint64(1) << 30;
+
     explicit IncomingFile(const QString& path) : file_(path) {}
 
     [[nodiscard]] FileResult<void> open();
     [[nodiscard]] bool write(const char* bytes, qint64 count);
     [[nodiscard]] FileResult<void> finish();
     [[nodiscard]] FileError error() const { return file_error_of(file_); }
-    /// Whether it has become larger than a file of a Website that is fetched can be; nothing more is written then.
+    /// Whether it has become larger than `kLargest`; nothing more is written then.
     [[nodiscard]] bool too_large() const { return too_large_; }
 
   private:

@@ -92,6 +92,17 @@ TEST_F(BadServers, HalfAFileLeavesTheLocalOneAsItWas) {
     EXPECT_EQ(QDir(site.path()).entryList(QDir::Files).size(), 2);
 }
 
+TEST_F(BadServers, AFileThatIsTooLargeIsNotBegun) {
+    server.files = {{"/home/film.mp3", "f"}};
+    server.instead = [](const QByteArray& line) -> std::optional<QByteArray> {
+        return line.startsWith("SIZE") ? std::optional<QByteArray>("213 1073741825") : std::nullopt;
+    };
+    EXPECT_EQ(control.run(u"GET film.mp3 "_s + site.path(u"film.mp3"_s)), kServerAnsweredError);
+    EXPECT_EQ(control.inet.ResponseInfo(), u"The file is larger than 1 GB."_s);
+    EXPECT_EQ(server.count("RETR"), 0);
+    EXPECT_FALSE(QFile::exists(site.path(u"film.mp3"_s)));
+}
+
 TEST_F(BadServers, Ipv6) {
     BadServer server6(QHostAddress::LocalHostIPv6);
     if (!server6.isListening()) GTEST_SKIP() << "This machine has no IPv6.";
