@@ -88,7 +88,7 @@ void CommandExecutor::step() {
     }
     command_ = stack_.take();
     emit Executing(command_, stack_.count());
-    inet_.Execute(command_);
+    if (task_) inet_.Execute(command_);
 }
 
 void CommandExecutor::change(InternetState state) {
