@@ -15,7 +15,6 @@ class CertificateCheck {
     /// Sets itself up as the judge of a TLS context (an SSL_CTX), which must not outlive it.
     void judge(void* ssl_context);
 
-    [[nodiscard]] bool seen() const { return !fingerprint_.isEmpty(); }
     [[nodiscard]] const QByteArray& fingerprint() const { return fingerprint_; }
     [[nodiscard]] const QString& holder() const { return holder_; }
     /// Why the system does not vouch for the certificate; empty when it does.

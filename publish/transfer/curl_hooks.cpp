@@ -9,6 +9,8 @@
 namespace pondera {
 namespace {
 
+constexpr int kHeldBack = 128 << 10;
+
 bool is_data_command(const QByteArray& verb) {
     return verb == "STOR" || verb == "RETR" || verb == "LIST" || verb == "MLSD";
 }
@@ -94,8 +96,18 @@ int CurlHooks::resolving(void*, void*, void* data) {
 
 curl_socket_t CurlHooks::open_socket(void* data, curlsocktype, curl_sockaddr* address) {
     auto& running = *static_cast<Running*>(data);
+    // libcurl logs in anew by itself where it finds the connection gone, with no more protection than it is offered
+    // then; over SSH it has none to lose. A connection that is gone fails the request instead.
+    if (running.continues && !running.data_promised && !running.session.ssh()) {
+        running.answer.end = CurlEnd::kNoConnection;
+        return CURL_SOCKET_BAD;
+    }
     const int socket = ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
     if (socket < 0) return CURL_SOCKET_BAD;
+    // What the system holds back counts as gone up: on a slow line megabytes of it would keep the server's answer away
+    // longer than it is waited for.
+    const int held_back = kHeldBack;
+    ::setsockopt(socket, IPPROTO_TCP, TCP_NOTSENT_LOWAT, &held_back, sizeof held_back);
     running.heard_byte();
     running.data_promised = false;
     if (!running.greeted) {

@@ -13,7 +13,8 @@ struct CurlSession::Running {
     CurlSession& session;
     const CurlRequest& request;
     CURL* easy;
-    bool greeted;  ///< the server has said a word, now or in an earlier request
+    bool continues;            ///< the connection of an earlier request is used
+    bool greeted = continues;  ///< the server has said a word, now or in an earlier request
     bool asked = false;
     bool replied = false;
     bool data_promised = false;  ///< the server has told where to connect to for data, and that is still to be done

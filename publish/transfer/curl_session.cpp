@@ -153,7 +153,7 @@ CurlAnswer CurlSession::perform(const CurlRequest& request) {
     curl_easy_setopt(easy_, CURLOPT_POSTQUOTE, afterwards.get());
     std::array<char, CURL_ERROR_SIZE> message{};
     curl_easy_setopt(easy_, CURLOPT_ERRORBUFFER, message.data());
-    Running running{.session = *this, .request = request, .easy = easy_, .greeted = control_socket_ >= 0};
+    Running running{.session = *this, .request = request, .easy = easy_, .continues = control_socket_ >= 0};
     running.answer.ssh = {.spoken = ssh(), .greeted = running.greeted};
     hung_up_ = false;
     CurlHooks::install(running);

@@ -35,7 +35,7 @@ struct CurlRequest {
     qint64 largest = 0;  ///< a file that the server says is larger is not begun; 0 for no bound
 };
 
-enum class CurlEnd { kItself, kInterrupted, kTooSlow, kEndlessReply };
+enum class CurlEnd { kItself, kInterrupted, kTooSlow, kEndlessReply, kNoConnection };
 
 /// What is known of an SSH server beside libcurl's result.
 struct SshTalk {
@@ -73,8 +73,6 @@ class CurlSession {
     /// Closes the connection; waits for nothing.
     void drop();
 
-    [[nodiscard]] const TransferLogin& login() const { return login_; }
-    [[nodiscard]] const SessionWatch& watch() const { return watch_; }
     /// How the line is protected; after a certificate that was not trusted, whose it is.
     [[nodiscard]] const LineProtection& protection() const { return protection_; }
 

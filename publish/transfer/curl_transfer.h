@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-
 #include "publish/transfer/internet_transfer.h"
 #include "publish/transfer/transfer_faults.h"
 #include "publish/transfer/transfer_worker.h"

@@ -15,7 +15,6 @@ class HostKeyCheck {
     /// Looks at a key, in the protocol's bytes; whether the connection may go on.
     bool passes(const QByteArray& key);
 
-    [[nodiscard]] bool seen() const { return !fingerprint_.isEmpty(); }
     [[nodiscard]] const QByteArray& fingerprint() const { return fingerprint_; }
     /// Why the key is not trusted; empty when it is.
     [[nodiscard]] const QString& doubt() const { return doubt_; }

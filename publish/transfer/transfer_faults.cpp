@@ -36,6 +36,14 @@ const FtpReply* refusal(const FtpTalk& talk) {
     return last != nullptr && !last->good() ? last : nullptr;
 }
 
+/// Whether a greeting for TLS failed because both sides have nothing in common, and not because the line broke in it.
+bool finds_no_protection(const CurlAnswer& answer) {
+    // With these words libcurl has no fault of TLS to name, only one of the line.
+    const bool cut = answer.message.contains(u"SSL_connect: ") || answer.message.contains(u"unexpected eof");
+    const FtpReply* const last = answer.talk.last();
+    return !cut && last != nullptr && last->command == "AUTH";
+}
+
 TransferFault ended(const CurlAnswer& answer) {
     return broken(answer.os_error == ECONNRESET ? kConnectionReset : kConnectionEnded);
 }
@@ -92,6 +100,8 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
             return std::unexpected(answer.ssh.spoken ? fault_of_ssh(answer) : broken(kTimedOut));
         case CurlEnd::kEndlessReply:
             return std::unexpected(fault(kConnectionEnded));
+        case CurlEnd::kNoConnection:
+            return std::unexpected(broken(kConnectionEnded));
         case CurlEnd::kItself:
             break;
     }
@@ -117,10 +127,12 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
         case CURLE_LOGIN_DENIED:
             return std::unexpected(answer.ssh.spoken ? fault_of_ssh(answer) : login_fault(answer.talk));
         case CURLE_USE_SSL_FAILED:
-        case CURLE_SSL_CONNECT_ERROR:
             return std::unexpected(fault(kNoProtection));
         case CURLE_PEER_FAILED_VERIFICATION:
             return std::unexpected(fault(kCertificateNotTrusted));
+        case CURLE_SSL_CONNECT_ERROR:
+            if (finds_no_protection(answer)) return std::unexpected(fault(kNoProtection));
+            [[fallthrough]];
         default:
             if (answer.ssh.spoken) return std::unexpected(fault_of_ssh(answer));
             // What the server refused says more than what libcurl could not do therefore, unless it went on after that.

@@ -102,6 +102,7 @@ TransferOutcome TransferWorker::outcome_of(const TransferJob& job) {
 
 TransferResult<void> TransferWorker::with_retries(const std::function<TransferResult<void>()>& work) {
     TransferResult<void> result = work();
+    const TransferResult<void> first = result;
     for (const std::chrono::milliseconds wait : waits_.retries) {
         // A server that was never reached may as well have been mistyped: nobody waits for that twice.
         if (result || !result.error().broken || !session_->was_open()) break;
@@ -109,8 +110,10 @@ TransferResult<void> TransferWorker::with_retries(const std::function<TransferRe
         if (!interruption_.wait(wait)) return std::unexpected(fault(kCancelled));
         result = work();
     }
-    if (!result && result.error().broken) session_->drop();
-    return result;
+    if (result || !result.error().broken) return result;
+    session_->drop();
+    // How the connection broke says more than how it could not be built again.
+    return first;
 }
 
 TransferResult<void> TransferWorker::attempt(const TransferJob& job, RemoteListing& listing) {

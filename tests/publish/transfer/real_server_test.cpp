@@ -1,9 +1,12 @@
 #include "tests/publish/transfer/real_server.h"
 
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 #include "publish/transfer/remote_name.h"
 #include "publish/transfer/transfer_command.h"
+#include "tests/publish/transfer/bad_server.h"
 #include "tests/publish/transfer/control.h"
 
 using namespace Qt::StringLiterals;
@@ -154,6 +157,53 @@ TEST(RealServer, LoginsAndHosts) {
     }
     control.inet.set_protection(ProtectionWish::kRequired);
     expect({ftp.host(), u"known"_s, u"secret"_s, kNoProtection});
+}
+
+/// Stands before a server, hangs up behind some of its answers, and leads to another server from then on.
+class SwitchingDoor : public QTcpServer {
+  public:
+    SwitchingDoor(const QString& first, const QString& then, int answers) : first_(first), then_(then), left_(answers) {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* const client = nextPendingConnection();
+            auto* const server = new QTcpSocket(client);
+            const quint16 port = (left_ > 0 ? first_ : then_).section(u':', -1).toUShort();
+            server->connectToHost(QHostAddress(QHostAddress::LocalHost), port);
+            connect(client, &QTcpSocket::readyRead, server, [=] { server->write(client->readAll()); });
+            connect(server, &QTcpSocket::readyRead, client, [=, this] {
+                if (client->state() != QTcpSocket::ConnectedState) return;
+                client->write(server->readAll());
+                if (left_ > 0 && --left_ == 0) client->disconnectFromHost();
+            });
+        });
+    }
+
+  private:
+    QString first_;
+    QString then_;
+    int left_;
+};
+
+TEST(RealServer, AProtectedSessionThatIsCutGivesNoPasswordAwayInTheOpen) {
+    const RealServer server(Kind::kPyftpdlib, true);
+    Control met;
+    met.meet(server.host());
+    ASSERT_FALSE(met.inet.Protection().fingerprint.isEmpty());
+    qsizetype asked_for_protection = 0;
+    int end = kConnectionEnded;
+    for (int answers = 1; end != kFine && answers < 40; ++answers) {
+        const BadServer open;
+        const SwitchingDoor door(server.host(), open.host(), answers);
+        Control control;
+        control.inet.set_host(u"127.0.0.1:%1"_s.arg(door.serverPort()));
+        control.inet.trust_certificate(met.inet.Protection().fingerprint);
+        end = control.run(u"DIR"_s);
+        EXPECT_EQ(open.count("USER"), 0) << answers << ' ' << open.commands.join(" | ").toStdString();
+        EXPECT_EQ(end == kNoProtection, open.count("AUTH") > 0) << answers;
+        asked_for_protection += open.count("AUTH");
+    }
+    EXPECT_EQ(end, kFine);
+    EXPECT_GT(asked_for_protection, 0);
 }
 
 TEST(RealServer, WhatIsFetchedStaysInTheLocalRoot) {
