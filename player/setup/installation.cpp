@@ -45,14 +45,14 @@ bool write_list(const Installation& installation, const std::set<fs::path>& file
     return list.flush().good();
 }
 
-/// The files of a package that are installed, relative to it. Links are not followed.
-std::set<fs::path> files_to_install(const Package& package) {
+/// The files of a package that are installed, relative to it. Links are not followed. `error` is set when the package
+/// could not be read to its end, as a scratched disc cannot.
+std::set<fs::path> files_to_install(const Package& package, std::error_code& error) {
     const fs::path installer = package.installer().filename();
     std::set<fs::path> files;
     for (const fs::path& file : {fs::path("multimedia.exe"), fs::path("pndplay.so"), installer / "pnd.ico",
                                  installer / "pndsetup.so", installer / "Uninstall.exe"})
-        if (fs::exists(package.folder / file)) files.insert(file);
-    std::error_code error;
+        if (fs::exists(package.folder / file, error)) files.insert(file);
     for (fs::recursive_directory_iterator entry(package.pages(), error), end; !error && entry != end;
          entry.increment(error)) {
         const fs::path file = entry->path().lexically_relative(package.folder);
@@ -103,11 +103,10 @@ std::expected<bool, std::string> copy(const fs::path& from, const fs::path& to,
         fs::rename(part, to, error);
         if (!error) return true;
     }
-    const std::string reason =
-        target ? "This file cannot be read:" : "There is not enough room, or no permission, for this file:";
     fs::remove(part, error);
     if (!go_on) return false;
-    return fault(reason, target ? from : to);
+    return target && !read_whole ? fault("This file cannot be read:", from)
+                                 : fault("There is not enough room, or no permission, for this file:", to);
 }
 
 bool write_desktop_entry(const Package& package, const Installation& installation) {
@@ -164,8 +163,8 @@ bool Installation::present() const {
 
 std::uintmax_t size_to_install(const Package& package) {
     std::uintmax_t size = 0;
-    for (const fs::path& file : files_to_install(package)) {
-        std::error_code error;
+    std::error_code error;
+    for (const fs::path& file : files_to_install(package, error)) {
         const std::uintmax_t bytes = fs::file_size(package.folder / file, error);
         if (!error) size += bytes;
     }
@@ -178,7 +177,8 @@ std::expected<bool, std::string> install(const Package& package, const Installat
     const bool is_new = !installation.present();
     if (is_new && fs::exists(installation.folder, error))
         return fault("A folder of this name is there already, and it is not of this Multimedia:", installation.folder);
-    const std::set<fs::path> files = files_to_install(package);
+    const std::set<fs::path> files = files_to_install(package, error);
+    if (error) return fault("This folder cannot be read:", package.pages());
     std::set<fs::path> gone = read_list(installation);
     std::set<fs::path> all = files;
     all.insert(gone.begin(), gone.end());
@@ -209,7 +209,7 @@ std::vector<fs::path> uninstall(const Installation& installation) {
     std::vector<fs::path> left;
     for (fs::recursive_directory_iterator entry(installation.folder, error), end; !error && entry != end;
          entry.increment(error))
-        if (!entry->is_directory()) left.push_back(entry->path());
+        if (!entry->is_directory(error)) left.push_back(entry->path());
     return left;
 }
 

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QToolBar>
@@ -24,6 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kZoomStep = 1.1;
+constexpr QSize kSize(1024, 740);
+constexpr QSize kFrame(0, 40);  // the title's height, or a little more
 
 const QString kToolbarLook =
     u"QToolBar { background: #ffffff; border: none; border-bottom: 1px solid #dfe5eb; padding: 3px 4px; }"
@@ -59,7 +62,7 @@ PlayerWindow::PlayerWindow(const QString& home_page)
     connect(view_, &QWebEngineView::renderProcessTerminated, this, [this](auto status, int) {
         if (status != QWebEnginePage::NormalTerminationStatus) emit Failed();
     });
-    resize(1024, 740);
+    resize(kSize.boundedTo(screen()->availableSize() - kFrame));
     view_->setUrl(QUrl::fromLocalFile(home_page_));
     view_->setFocus();
 }
