@@ -154,6 +154,7 @@ bool Frm_Pubblica_Cartella::may_publish(const QString& folder) {
 void Frm_Pubblica_Cartella::accept() {
     const QString to = folder();
     if (running_ || !may_publish(to) || !prepare_()) return;
+    show_place();  // the drive may have come after its name was typed
     workbench_.settings().setValue(kFolderSetting + workbench_.website(), QDir::toNativeSeparators(to));
     publish(to);
 }
