@@ -10,17 +10,15 @@ TEST(Roots, FixedPathsLieBelowTheBaseFolder) {
     expect_results(native, {u"c:/pondera_folder/pondera/pondera_system/media/x.JPG"
                             u" → /home/ann/Pondera_Folder/Pondera/Pondera_System/media/x.JPG",
                             u"c:\\PONDERA_FOLDER\\pondera graphic → /home/ann/Pondera_Folder/Pondera Graphic",
-                            u"c:\\pondera_folder\\pondera\\ftp_total\\ → /home/ann/Pondera_Folder/Pondera/FTP_TOTAL",
                             u"C:\\Pondera_Folder\\Pondera\\Shop\\ftp\\a → /home/ann/Pondera_Folder/Pondera/Shop/ftp/a",
-                            u"C:\\Pondera_Folder\\..\\..\\etc → /home/ann/etc", u"C:\\Documenti → /home/ann/Documenti",
-                            u"C:\\ → /home/ann"});
+                            u"C:\\Pondera_Folder\\..\\..\\etc → /home/ann/etc", u"C:\\ → /home/ann"});
     expect_unchanged(native, {u"media/img/a.gif", u"D:\\Pictures"});
 }
 
 TEST(Roots, EverySpellingOfTheWebsitesRootIsReplaced) {
     const Roots roots(u"/home/ann é+(1) & co/Pondera_Folder"_s);
     for (const QString& spelling :
-         {u"C:\\pondera_folder\\pondera\\"_s, u"c:/Pondera_Folder/PONDERA/"_s, u"C:\\\\Pondera_Folder\\\\Pondera\\\\"_s,
+         {u"C:\\pondera_folder\\pondera\\"_s, u"C:\\\\Pondera_Folder\\\\Pondera\\\\"_s,
           u"file:///C:/Pondera_Folder/Pondera/"_s, u"FILE://C:\\Pondera_Folder\\Pondera\\"_s,
           u"file:///C%3A%5Cpondera%5Ffolder%5Cpondera%5C"_s, u"file://localhost/c|/pondera_folder/pondera/"_s,
           u"/home/ann é+(1) & co/Pondera_Folder/Pondera/"_s, u"\\home\\ann é+(1) & co\\Pondera_Folder\\Pondera\\"_s,

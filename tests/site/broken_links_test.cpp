@@ -18,12 +18,11 @@ TEST(BrokenLinks, AreFoundWithTheirPlaceAndReason) {
     const TestFolder root;
     const auto put = [&](const QString& file, const QString& text) { root.put(u"Shop/"_s + file, text.toUtf8()); };
     put(u"çindex.htm"_s,
-        u"<a href=_4_Trips.htm>1</a> <a href=Gone.htm>2</a> <a href=\"Gone.htm\">3</a> <a href=GONE.htm#x>"
+        u"<a href=_4_Trips.htm>1</a> <a href=Gone.htm>2</a> <a href=\"Gone.htm\">3</a>"
         "<img src=media/img/sea.jpg><img src=media/img/Sea.JPG><img src='media/img/lost%20a.gif'>"
         "<a href='#here'>4</a><a href='#nowhere'>5</a><a name=here></a><a href='#top'>6</a><a href='#'>7</a>"
-        "<a href='_4_Trips.htm#Caf%C3%A9'>8</a><a href='_4_Trips.htm#tea'>9</a><a href=../Shop/_4_Trips.htm>10</a>"
-        "<a href=_4_New.htm>11</a><a href=https://www.x.org/none>12</a><a href=mailto:a@x.org>13</a>"
-        "<a href='file:///home/ann/x.pdf'>14</a><a href=\"javascript:esempio('_x_Map.htm')\">15</a>"_s);
+        "<a href='_4_Trips.htm#Caf%C3%A9'>8</a><a href='_4_Trips.htm#tea'>9</a><a href=_4_New.htm>11</a>"
+        "<a href=https://www.x.org/none>12</a><a href='file:///home/ann/x.pdf'>14</a>"_s);
     put(u"index.htm"_s, u"<a href=only-in-the-published-page.htm>"_s);
     put(u"_4_Trips.htm"_s, u"<p id='Caf&eacute;'>x<!-- <a href=no.htm> --><link rel=stylesheet href=none.css>"_s);
     put(u"§_4_New.htm"_s, u"<a href=index.htm#x>"_s);
@@ -34,7 +33,6 @@ TEST(BrokenLinks, AreFoundWithTheirPlaceAndReason) {
         broken(root.path(u"Shop"_s)),
         u"index.htm: Gone.htm #0 The Website has no page \"Gone\".\n"
         "index.htm: Gone.htm #1 The Website has no page \"Gone\".\n"
-        "index.htm: GONE.htm#x #0 The Website has no page \"GONE\".\n"
         "index.htm: media/img/Sea.JPG #0 The file is called \"media/img/sea.jpg\": with other capitals it works here, "
         "but not on most servers.\n"
         "index.htm: media/img/lost%20a.gif #0 The Website has no file \"media/img/lost a.gif\".\n"
@@ -42,7 +40,6 @@ TEST(BrokenLinks, AreFoundWithTheirPlaceAndReason) {
         "index.htm: _4_Trips.htm#tea #0 The page \"Trips\" has no anchor \"tea\".\n"
         "index.htm: _4_New.htm #0 The page \"New\" was never saved: visitors do not get it yet.\n"
         "index.htm: file:///home/ann/x.pdf #0 Leads to a file of this computer: no visitor can reach it.\n"
-        "index.htm: _x_Map.htm #0 The Website has no page \"Map\".\n"
         "_4_New.htm: index.htm#x #0 The page \"HOME PAGE\" has no anchor \"x\".\n"
         "_4_Trips.htm: none.css #0 The Website has no file \"none.css\".\n"
         "media/img/menu_items.js: _4_Closed.htm #0 The Website has no page \"Closed\"."_s);
@@ -50,19 +47,13 @@ TEST(BrokenLinks, AreFoundWithTheirPlaceAndReason) {
 
 TEST(BrokenLinks, OfManyPagesAreCountedAndTheCheckCanBeStopped) {
     const TestFolder root;
-    const QByteArray line = "<p class=x>Some words of a page and <a href=\"_4_Page%1.htm#b\" title=x>a link</a></p>\n";
-    constexpr int kPages = 20;
-    root.put(u"Shop/çindex.htm"_s, "<a href=_4_Page0.htm>");
-    for (int n = 0; n < kPages; ++n) {
-        QByteArray text = QByteArray(line).replace("%1", QByteArray::number((n + 1) % kPages)).repeated(100);
-        root.put(u"Shop/_4_Page%1.htm"_s.arg(n), n == 7 ? text : "<a id=b></a>" + text);
-    }
+    root.put(u"Shop/çindex.htm"_s, QByteArray("<a href=_4_Gone.htm>").repeated(100));
+    for (int n = 0; n < 20; ++n) root.put(u"Shop/_4_Page%1.htm"_s.arg(n), "<a href=_4_Page0.htm>");
     const LinkCheck check = broken_links(root.path(u"Shop"_s));
-    EXPECT_EQ(check.pages, kPages + 1);
-    EXPECT_EQ(check.addresses, 100 * kPages + 1);
+    EXPECT_EQ(check.pages, 21);
+    EXPECT_EQ(check.addresses, 120);
     EXPECT_EQ(check.broken.size(), 100);
     EXPECT_EQ(check.broken.last().number, 99);
-
     const LinkCheck stopped = broken_links(root.path(u"Shop"_s), [](int done, int /*total*/) { return done < 5; });
     EXPECT_FALSE(stopped.whole);
     EXPECT_EQ(stopped.pages, 5);
@@ -70,11 +61,10 @@ TEST(BrokenLinks, OfManyPagesAreCountedAndTheCheckCanBeStopped) {
 
 TEST(LinkableDocuments, AreListedAndRefused) {
     const TestFolder root;
-    for (const QString& file : u"b.PDF a.docx _4_Page.htm x.exe §_elenco.pnd"_s.split(u' ')) root.put(file);
+    root.put_all(u"."_s, u"b.PDF a.docx _4_Page.htm x.exe §_elenco.pnd"_s);
     EXPECT_EQ(list_linkable_documents(root.path()).join(u' '), u"a.docx b.PDF"_s);
-    const auto is_good = [&](const QString& file) { return !refusal_of_document(root.path(file)).has_value(); };
-    EXPECT_TRUE(is_good(u"b.PDF"_s));
-    for (const QString& file : {QString(), u"none.pdf"_s, u"_4_Page.htm"_s, u"x.exe"_s}) EXPECT_FALSE(is_good(file));
+    for (const QString& file : {u"b.PDF"_s, u""_s, u"none.pdf"_s, u"_4_Page.htm"_s, u"x.exe"_s})
+        EXPECT_EQ(refusal_of_document(root.path(file)).has_value(), file != u"b.PDF") << file.toStdString();
 }
 
 }  // namespace pondera

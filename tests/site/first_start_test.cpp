@@ -1,7 +1,5 @@
 #include "site/first_start.h"
 
-#include <QFile>
-
 #include "base/roots.h"
 #include "tests/support/test_folder.h"
 
@@ -10,12 +8,10 @@ namespace pondera {
 class FirstStart : public testing::Test {
   protected:
     [[nodiscard]] FileResult<void> start() const { return install_shipped_files(shipped_.path(), roots_); }
-    [[nodiscard]] static QString installed(const QString& file) { return u"Pondera_Folder/"_s + file; }
-    [[nodiscard]] QByteArray bytes_of(const QString& file) const { return home_.bytes(installed(file)); }
 
     TestFolder shipped_;
     TestFolder home_;
-    Roots roots_{home_.path(u"Pondera_Folder"_s)};
+    Roots roots_{home_.path()};
     const QString page_ = u"Pondera/page.htm"_s;
 };
 
@@ -25,43 +21,39 @@ TEST_F(FirstStart, NewVersionsReplaceOnlyWhatTheUserLeftAlone) {
     const QString help = u"Pondera/_HELP/çindex.htm"_s;
     const QString gone = u"Pondera/Pondera_Tools/Help.exe"_s;
     const QString own = u"Pondera/own.htm"_s;  // was there before
-    home_.put(installed(own), "mine");
+    home_.put(own, "mine");
     for (const QString& file : {card, picture, help, gone, own}) shipped_.put(file, "1");
+    ASSERT_TRUE(QFile::setPermissions(shipped_.path(help), QFile::ReadOwner | QFile::ReadOther));
     ASSERT_TRUE(start());
-    for (const QString& file : {card, picture, help, gone}) EXPECT_EQ(bytes_of(file), "1");
+    for (const QString& file : {card, picture, help, gone}) EXPECT_EQ(home_.bytes(file), "1");
+    EXPECT_TRUE(QFile::permissions(home_.path(help)) & QFile::WriteOwner);
 
-    home_.put(installed(card), "mine");
-    ASSERT_TRUE(remove_file(home_.path(installed(gone))));
+    home_.put(card, "mine");
+    ASSERT_TRUE(remove_file(home_.path(gone)));
     for (const QString& file : {card, picture, gone, page_, own}) shipped_.put(file, "2");
     for (int starts = 0; starts < 2; ++starts) {
         ASSERT_TRUE(start());
-        for (const QString& file : {card, own}) EXPECT_EQ(bytes_of(file), "mine") << file.toStdString();
-        EXPECT_EQ(bytes_of(help), "1");
-        for (const QString& file : {picture, gone, page_}) EXPECT_EQ(bytes_of(file), "2") << file.toStdString();
+        for (const QString& file : {card, own}) EXPECT_EQ(home_.bytes(file), "mine") << file.toStdString();
+        EXPECT_EQ(home_.bytes(help), "1");
+        for (const QString& file : {picture, gone, page_}) EXPECT_EQ(home_.bytes(file), "2") << file.toStdString();
     }
 
     // Put back to what was shipped once, it is followed again.
-    home_.put(installed(card), "2");
+    home_.put(card, "2");
     ASSERT_TRUE(start());
     shipped_.put(card, "3");
     ASSERT_TRUE(start());
-    EXPECT_EQ(bytes_of(card), "3");
+    EXPECT_EQ(home_.bytes(card), "3");
 }
 
 TEST_F(FirstStart, OneFaultIsReportedAndTheOthersAreCopied) {
     for (const QString& file : {u"Pondera/a/page.htm"_s, u"Pondera/b/page.htm"_s}) shipped_.put(file, "1");
-    home_.put(installed(u"Pondera/a"_s), "a file where a folder should be");
+    home_.put(u"Pondera/a"_s, "a file where a folder should be");
     const auto result = start();
     ASSERT_FALSE(result);
     EXPECT_TRUE(result.error().path.contains(u"/Pondera/a"_s));
-    EXPECT_EQ(bytes_of(u"Pondera/b/page.htm"_s), "1");
+    EXPECT_EQ(home_.bytes(u"Pondera/b/page.htm"_s), "1");
     EXPECT_EQ(install_shipped_files(shipped_.path(u"none"_s), roots_).error().number, FaultNumber::kPathNotFound);
-}
-
-TEST_F(FirstStart, WhatIsShippedReadOnlyCanBeReplaced) {
-    ASSERT_TRUE(QFile::setPermissions(shipped_.put(page_), QFile::ReadOwner | QFile::ReadOther));
-    ASSERT_TRUE(start());
-    EXPECT_TRUE(QFile::permissions(home_.path(installed(page_))) & QFile::WriteOwner);
 }
 
 }  // namespace pondera

@@ -5,7 +5,6 @@
 #include "base/roots.h"
 #include "site/first_start.h"
 #include "site/group_arrows.h"
-#include "site/page_group.h"
 #include "site/page_name.h"
 #include "site/page_references.h"
 #include "site/website_creation.h"
@@ -29,7 +28,6 @@ class PageOperations : public testing::Test {
     [[nodiscard]] QString text(const QString& file) const { return QString::fromUtf8(bytes(file)); }
     void put(const QString& file, const QString& text) const { base_.put(u"Pondera/Shop/"_s + file, text.toUtf8()); }
     [[nodiscard]] bool exists(const QString& file) const { return QDir(folder()).exists(file); }
-
     void put_page(const QString& page, const QString& text) const {
         put(page, text);
         put(editing_copy_name(page), text);
@@ -57,21 +55,20 @@ class PageOperations : public testing::Test {
         return u"-"_s;
     }
 
-    /// The group's pages as visitors leaf through it: title, arrow back, arrow on; published page and editing copy
+    /// The pages as visitors leaf through them, "name: title, arrow back, arrow on"; published page and editing copy
     /// alike.
-    [[nodiscard]] QStringList leafed() const {
+    [[nodiscard]] QString leafed() const {
         static const QRegularExpression title(u"<title>(.*)</title>"_s);
         QStringList pages;
         for (const QString& page : list_pages(folder())) {
-            if (page == kHomePage) continue;
             QStringList both;
             for (const QString& file : {page, editing_copy_name(page)})
                 both += u"%1: %2, %3, %4"_s.arg(page, title.match(text(file)).captured(1),
                                                 led(file, GroupArrow::kPrevious), led(file, GroupArrow::kNext));
             EXPECT_EQ(both[0], both[1]);
-            pages += both[0];
+            if (page != kHomePage) pages += both[0];
         }
-        return pages;
+        return pages.join(u" | "_s).remove(u"_4_"_s).remove(u".htm"_s);
     }
 
     TestFolder base_;
@@ -80,8 +77,8 @@ class PageOperations : public testing::Test {
 
 TEST_F(PageOperations, ANewPageIsAnEditingCopyOfTheCard) {
     EXPECT_EQ(create_page({folder(), PageKind::kSubject, u"Città"_s}), u"_4_Città.htm"_s);
-    EXPECT_EQ(text(u"§_4_Città.htm"_s).count(u"<title>Città</title>"_s), 1);
-    EXPECT_EQ(text(u"§_4_Città.htm"_s).count(u"<h1>Città</h1>"_s), 1);
+    for (const QString& part : {u"<title>Città</title>"_s, u"<h1>Città</h1>"_s})
+        EXPECT_EQ(text(u"§_4_Città.htm"_s).count(part), 1) << part.toStdString();
     EXPECT_FALSE(text(u"§_4_Città.htm"_s).contains(u"Avanti"_s));
     EXPECT_FALSE(exists(u"_4_Città.htm"_s));
     ASSERT_TRUE(create_page({folder(), PageKind::kPhotoShow, u"Sea"_s}));
@@ -89,23 +86,17 @@ TEST_F(PageOperations, ANewPageIsAnEditingCopyOfTheCard) {
 
     EXPECT_EQ(create_page({folder(), PageKind::kSubject, u"CITTÀ"_s}).error(),
               u"The name for the new page is already in use!"_s);
-    EXPECT_EQ(refusal_of_used_name(folder(), PageKind::kSubject, u"cittÀ"_s),
-              u"Page name already in use. Change Page name."_s);
     EXPECT_EQ(refusal_of_used_name(folder(), PageKind::kPopup, u"Città"_s), QString());
     EXPECT_EQ(create_page({folder(), PageKind::kSubject, u"Car"_s, 3}).error(),
               u"Error occurred while creating. code:76"_s);
-    EXPECT_EQ(page_creation_message({FaultNumber::kPermissionDenied, {}, {}}),
-              u"Disk protected. Read only! impossible to create the file!"_s);
 }
 
 TEST_F(PageOperations, AddedPagesLeadBackAndForth) {
     make_tour(2);
-    EXPECT_EQ(leafed(), QStringList({u"_4_Tour.htm: Tour, -, _4_Tour_page1_.htm"_s,
-                                     u"_4_Tour_page1_.htm: Tour - 2, _4_Tour.htm, _4_Tour_page2_.htm"_s,
-                                     u"_4_Tour_page2_.htm: Tour - 3, _4_Tour_page1_.htm, -"_s}));
+    EXPECT_EQ(leafed(),
+              u"Tour: Tour, -, Tour_page1_ | Tour_page1_: Tour - 2, Tour, Tour_page2_ | "
+              "Tour_page2_: Tour - 3, Tour_page1_, -");
     EXPECT_EQ(text(u"_4_Tour_page2_.htm"_s).count(u"<h1>Tour</h1>"_s), 1);
-    EXPECT_TRUE(has_next_arrow(text(u"§_4_Tour.htm"_s)));
-    EXPECT_FALSE(has_next_arrow(text(u"§_4_Tour_page2_.htm"_s)));
     for (const QString& picture : {u"f_dex.gif"_s, u"f_sin.gif"_s}) EXPECT_TRUE(exists(u"media/img/"_s + picture));
 
     // The arrow was deleted by hand: it comes back, and the page behind it stays as it is.
@@ -128,7 +119,7 @@ TEST_F(PageOperations, APageThatCannotBeAddedChangesNothing) {
     QFile::setPermissions(QDir(folder()).filePath(u"§_4_Tour.htm"_s), QFile::ReadOwner);
     EXPECT_EQ(add_following_page(roots_, folder(), u"_4_Tour.htm"_s).error(),
               u"Disk protected. Read only! impossible to create the file!"_s);
-    EXPECT_EQ(leafed(), QStringList({u"_4_Tour.htm: Tour, -, -"_s}));
+    EXPECT_EQ(leafed(), u"Tour: Tour, -, -");
     EXPECT_EQ(bytes(u"§_4_Tour.htm"_s), before);
     EXPECT_EQ(add_following_page(roots_, folder(), u"_4_None.htm"_s).error(),
               u"Error occurred while creating. code:76"_s);
@@ -163,16 +154,15 @@ TEST_F(PageOperations, ARenamedPageTakesItsGroupAndAllLinksWithIt) {
     EXPECT_EQ(outcome.page, u"_4_Gite_page1_.htm"_s);
     EXPECT_EQ(outcome.message, QString());
     EXPECT_EQ(leafed(),
-              QStringList({u"_4_Gite.htm: Gite, -, _4_Gite_page1_.htm"_s,
-                           u"_4_Gite_page1_.htm: Gite - 2, _4_Gite.htm, _4_Gite_page2_.htm"_s,
-                           u"_4_Gite_page2_.htm: Gite - 3, _4_Gite_page1_.htm, -"_s, u"_4_Tourist.htm: Tour, -, -"_s}));
+              u"Gite: Gite, -, Gite_page1_ | Gite_page1_: Gite - 2, Gite, Gite_page2_ | "
+              "Gite_page2_: Gite - 3, Gite_page1_, - | Tourist: Tour, -, -");
     EXPECT_TRUE(text(u"_4_Tourist.htm"_s).contains(u"\"_4_Gite.htm\""_s));
     EXPECT_EQ(bytes(u"media/img/reference.js"_s), "List1_0 = _4_Gite.htm\r\nlstSottoVoce1_0 = Tour\r\n");
     EXPECT_EQ(bytes(u"media/img/External_HTML_Gite.txt"_s), "<b><a href=_4_Gite_page1_.htm>x</a>");
     EXPECT_FALSE(exists(u"media/img/External_HTML_Tour.txt"_s));
 
     EXPECT_TRUE(rename_page(folder(), u"_4_Gite.htm"_s, u"GITE"_s).done);
-    EXPECT_EQ(leafed().first(), u"_4_GITE.htm: GITE, -, _4_GITE_page1_.htm"_s);
+    EXPECT_TRUE(leafed().startsWith(u"GITE: GITE, -, GITE_page1_"));
     EXPECT_EQ(rename_page(folder(), u"_4_GITE.htm"_s, u"TOURIST"_s).message,
               u"Page name already in use. Change Page name."_s);
     EXPECT_FALSE(rename_page(folder(), u"_4_None.htm"_s, u"Nothing"_s).done);
@@ -181,53 +171,39 @@ TEST_F(PageOperations, ARenamedPageTakesItsGroupAndAllLinksWithIt) {
 
 TEST_F(PageOperations, WhatARenameCouldNotDoIsTold) {
     put_page(u"_x_Map.htm"_s, u"<title>My map</title><a href=_x_Map.htm>"_s);
-    QStringList names;
     for (int i = 10; i < 22; ++i) {
-        names += u"_4_Page%1.htm"_s.arg(i);
-        put(names.last(), u"<a href=\"javascript:esempio('_x_Map.htm');\">"_s);
-        QFile::setPermissions(QDir(folder()).filePath(names.last()), QFile::ReadOwner);
+        put(u"_4_Page%1.htm"_s.arg(i), u"<a href=\"javascript:esempio('_x_Map.htm');\">"_s);
+        QFile::setPermissions(QDir(folder()).filePath(u"_4_Page%1.htm"_s.arg(i)), QFile::ReadOwner);
     }
-    put(u"_4_Other.htm"_s, u"<a href=\"javascript:esempio('_x_Map.htm');\">"_s);
     QFile::setPermissions(QDir(folder()).filePath(u"_x_Map.htm"_s), QFile::ReadOwner);
 
     const PageOutcome outcome = rename_page(folder(), u"_x_Map.htm"_s, u"Plan"_s);
     EXPECT_TRUE(outcome.done);
-    QStringList told = outcome.message.split(u'\n');
-    EXPECT_EQ(told.takeFirst(), u"The page has its new name, but these files could not be changed:"_s);
-    EXPECT_EQ(told.takeLast(), u"and 2 more"_s);
-    told.sort();
-    EXPECT_EQ(told.size(), 10);
-    for (const QString& name : told)
-        EXPECT_TRUE(names.contains(name.chopped(15)) && name.endsWith(u": no permission"_s)) << name.toStdString();
-    EXPECT_EQ(bytes(u"_4_Page10.htm"_s), "<a href=\"javascript:esempio('_x_Map.htm');\">");
-    EXPECT_EQ(bytes(u"_4_Other.htm"_s), "<a href=\"javascript:esempio('_x_Plan.htm');\">");
+    EXPECT_TRUE(
+        outcome.message.startsWith(u"The page has its new name, but these files could not be changed:\n_4_Page"));
+    EXPECT_EQ(outcome.message.count(u".htm: no permission\n"), 10);
+    EXPECT_TRUE(outcome.message.endsWith(u"\nand 2 more"));
     EXPECT_EQ(bytes(u"_x_Plan.htm"_s), "<title>My map</title><a href=_x_Plan.htm>");
     EXPECT_FALSE(exists(u"_x_Map.htm"_s) || exists(u"§_x_Map.htm"_s));
 }
 
 TEST_F(PageOperations, AGroupClosesUpBehindADeletedPage) {
-    make_tour(4);
+    make_tour(3);
     put_page(u"_4_Links.htm"_s, u"<title>Links</title><a href=_4_Tour_page3_.htm><a href=_4_Tour.htm>"_s);
     put(u"media/img/reference.js"_s, u"List1_0 = _4_Tour_page2_.htm\r\nList1_1 = _4_Tour_page3_.htm\r\n"_s);
 
     PageOutcome outcome = delete_page(folder(), u"_4_Tour_page2_.htm"_s);
     EXPECT_EQ(outcome.page + outcome.message, u"_4_Tour_page1_.htm"_s);
-    EXPECT_EQ(leafed(), QStringList({u"_4_Links.htm: Links, -, -"_s, u"_4_Tour.htm: Tour, -, _4_Tour_page1_.htm"_s,
-                                     u"_4_Tour_page1_.htm: Tour - 2, _4_Tour.htm, _4_Tour_page2_.htm"_s,
-                                     u"_4_Tour_page2_.htm: Tour - 3, _4_Tour_page1_.htm, _4_Tour_page3_.htm"_s,
-                                     u"_4_Tour_page3_.htm: Tour - 4, _4_Tour_page2_.htm, -"_s}));
+    EXPECT_EQ(leafed(),
+              u"Links: Links, -, - | Tour: Tour, -, Tour_page1_ | "
+              "Tour_page1_: Tour - 2, Tour, Tour_page2_ | Tour_page2_: Tour - 3, Tour_page1_, -");
     EXPECT_TRUE(text(u"_4_Links.htm"_s).contains(u"<a href=_4_Tour_page2_.htm>"_s));
     EXPECT_EQ(bytes(u"media/img/reference.js"_s), "List1_0 = \r\nList1_1 = _4_Tour_page2_.htm\r\n");
 
     outcome = delete_page(folder(), u"_4_Tour.htm"_s);
     EXPECT_EQ(outcome.page + outcome.message, u"_4_Tour.htm"_s);
-    EXPECT_EQ(leafed(), QStringList({u"_4_Links.htm: Links, -, -"_s, u"_4_Tour.htm: Tour, -, _4_Tour_page1_.htm"_s,
-                                     u"_4_Tour_page1_.htm: Tour - 2, _4_Tour.htm, _4_Tour_page2_.htm"_s,
-                                     u"_4_Tour_page2_.htm: Tour - 3, _4_Tour_page1_.htm, -"_s}));
-
-    EXPECT_EQ(delete_page(folder(), u"_4_Tour_page2_.htm"_s).page, u"_4_Tour_page1_.htm"_s);
+    EXPECT_EQ(leafed(), u"Links: Links, -, - | Tour: Tour, -, Tour_page1_ | Tour_page1_: Tour - 2, Tour, -");
     EXPECT_EQ(delete_page(folder(), u"_4_Tour_page1_.htm"_s).page, u"_4_Tour.htm"_s);
-    EXPECT_EQ(leafed().last(), u"_4_Tour.htm: Tour, -, -"_s);
     EXPECT_EQ(delete_page(folder(), u"_4_Tour.htm"_s).page, kHomePage);
 }
 

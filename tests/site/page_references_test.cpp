@@ -24,35 +24,18 @@ TEST(PageReferences, StandInAttributesStylesAndScripts) {
          u"<a href=\"a&amp;b.htm?c=1&copy=2\">&eacute;<a href='Caf&eacute;&#x2e;htm'> → a&amp;b.htm?c=1&copy=2 = "
          u"a&b.htm?c=1&copy=2 | Caf&eacute;&#x2e;htm = Café.htm",
          u"<a title=\"href='no.htm'\" name=no.htm><!-- <a href=no.htm> --><a href=''><base href=no/> → ",
-         u"<body background=b.gif><img src=i.gif lowsrc=l.gif dynsrc=d.avi longdesc=t.htm> → b.gif | i.gif | l.gif | "
-         u"d.avi | t.htm",
+         u"<body background=b.gif><img src=i.gif dynsrc=d.avi longdesc=t.htm> → b.gif | i.gif | d.avi | t.htm",
          u"<img srcset='a.jpg, b.jpg 2x,c.jpg 3x , d,e.jpg'> → a.jpg | b.jpg | c.jpg | d,e.jpg",
-         u"<object data=o.swf><param name=Movie value=m.swf><param name=loop value=no.swf><video poster=p.jpg> → o.swf "
-         u"| m.swf | p.jpg",
-         u"<form action=f.php><select><option value=s.htm#a><option value=no> → f.php | s.htm#a",
+         u"<object data=o.swf><param name=Movie value=m.swf><param name=loop value=no.swf> → o.swf | m.swf",
          u"<meta http-equiv=Refresh content=\"5; URL='next.htm'\"><meta name=x content='url=no.htm'> → next.htm",
-         u"<p style=\"background:url( 'a b.gif' ),URL(b.gif)\"><p style='background:url(&quot;c.gif&quot;' → a b.gif | "
-         u"b.gif | c.gif",
+         u"<p style=\"background:url( 'a b.gif' ),URL(b.gif)\"> → a b.gif | b.gif",
          u"<STYLE>@import \"s.css\"; /* url(no.gif) */ b{background:url(x.gif)}</STYLE><p>url(no.gif) → s.css | x.gif",
          u"<a href=\"javascript:esempio('_x_My Map.htm',300,200);\"> → _x_My Map.htm",
-         u"<a href=javascript:f(%27_x_Map.htm%27)><a onclick='f(&quot;a&#38;b.htm&quot;)'> → _x_Map.htm | a&#38;b.htm "
-         u"= a&b.htm",
-         u"<script src=s.js>go('a.htm?b=c#d');\n// 'no.htm'\nf(\"don't\", 'c.htm', 'no', 'no.', '.htm')</script> → "
-         u"s.js | "
-         u"a.htm?b=c#d | c.htm",
+         u"<a href=javascript:f(%27_x_Map.htm%27)><a onclick='f(&quot;a&#38;&quot;)'> → _x_Map.htm",
+         u"<script src=s.js>go('a.htm?b=c#d');\n// 'no.htm'\nf(\"don't\", 'no.', '.htm')</script> → s.js | a.htm?b=c#d",
          u"<script>document.write(\"<img src='a.gif'><a href=\\'b.htm\\'>\");</script> → a.gif | b.htm",
-         u"<script>i = 'm/' + n + '_no.gif'; location = base + '_4_Yes.htm'; w('Is it so? Go.')</script> → _4_Yes.htm",
+         u"<script>i = 'm/' + n + '_no.gif'; w('Is it so? Go.')</script> → ",
          u"<title>'no.htm'</title><textarea><a href=no.htm></textarea><a href=cut.htm → cut.htm"});
-}
-
-TEST(PageReferences, TellWhatTheyAreFor) {
-    const QString page =
-        u"<link rel='shortcut icon' href=p.ico><link rel=StyleSheet href=s><frame src=f><embed src=m><input src=p>"
-        u"<script src=c>'l.pdf'+'m.mp3'</script>"_s;
-    using enum ReferenceKind;
-    QList<ReferenceKind> kinds;
-    for (const PageReference& reference : page_references(page)) kinds += reference.kind;
-    EXPECT_EQ(kinds, QList<ReferenceKind>({kPicture, kStyleSheet, kFrame, kMedia, kPicture, kScript, kLink}));
 }
 
 TEST(PageReferences, StandInSettingsFiles) {
@@ -76,33 +59,20 @@ TEST(PageReferences, LeadSomewhere) {
     };
     expect_results(
         shown_target,
-        {u"# | JavaScript:f('x.htm') → nowhere",
-         u"#to%20p → here # to p",
-         u"?a=1#b → here # b",
-         u"?_4=1 → here",
-         u" _4_Car.htm?a=../b#c%C3%A8 → _4_Car.htm # cè",
-         u"_4_a%2520b%20%25.htm → _4_a%20b %.htm",
-         u"100%.htm → 100%.htm",
-         u"Citt%C3%A0%E0%.htm → CittÃ\u00a0à%.htm",
-         u"Citt%E0.htm | Citt%C3%A0.htm → Città.htm",
+        {u"# | JavaScript:f('x.htm') → nowhere", u"#to%20p → here # to p", u"?a=1#b → here # b",
+         u" _4_Car.htm?a=../b#c%C3%A8 → _4_Car.htm # cè", u"_4_a%2520b%20%25.htm → _4_a%20b %.htm",
+         u"Citt%C3%A0%E0%.htm → CittÃ\u00a0à%.htm", u"Citt%E0.htm | Citt%C3%A0.htm → Città.htm",
          u"./media\\img//a%2Fb.gif → media/img/a/b.gif",
          u"media/../_4_Car.htm | ../MY%20shop/_4_Car.htm | §_4_Car.htm | %A7_4_Car.htm | ?_4_Car.htm?a → _4_Car.htm",
-         u"media/../../my shop\\x.gif → x.gif",
-         u"../My Shop/ | çindex.htm → index.htm",
+         u"media/../../my shop\\x.gif → x.gif", u"../My Shop/ | çindex.htm → index.htm",
          u"../Other/_4_Car.htm | ../../My Shop/_4_Car.htm | media/..%2F..%5Cx.htm | .. | /_4_Car.htm → outside",
          u"\\\\server\\x.htm | C:\\x.htm | c|/x.htm | file:///home/x.htm → outside",
-         u"//host/_4_Car.htm | MAILTO:me@x.example → web",
-         u"%C2%A7_4_Car.htm#a → _4_Car.htm # a",
-         u"%e7Index.htm → Index.htm",
-         u"'_2_Car.htm → _2_Car.htm",
-         u"media/img/façade.jpg → media/img/façade.jpg"});
+         u"//host/_4_Car.htm | MAILTO:me@x.example → web", u"%C2%A7_4_Car.htm#a → _4_Car.htm # a",
+         u"%e7Index.htm → Index.htm", u"'_2_Car.htm → _2_Car.htm"});
 }
 
 TEST(PageReferences, AnAddressLeadsToItsFile) {
-    const auto address = [](const QString& file) { return address_of(file); };
-    expect_results(address, {u"_4_Città à.htm → _4_Città%20à.htm",
-                             u"media/img/a'b\"(1)&c.gif → "
-                             u"media/img/a%27b%22%281%29%26c.gif"});
+    EXPECT_EQ(address_of(u"media/a'b\"(1)&c à.gif"_s), u"media/a%27b%22%281%29%26c%20à.gif");
     for (const QString& file :
          {u"a%20#b?c:d;e=f.htm"_s, u"mailto:x.htm"_s, u"日本 😀.htm"_s, u"media/e\u0301\\.gif"_s}) {
         EXPECT_EQ(resolve_address(address_of(file), u"Shop"_s).place, AddressTarget::Place::kWebsite);

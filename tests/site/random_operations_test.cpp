@@ -47,20 +47,18 @@ class NumberedWebsite {
     /// Every link to a page that is there leads to it, every arrow leads to a page whose arrow leads back.
     void check() const {
         const std::map<int, QString> pages = pages_by_number();
-        static const QRegularExpression links(u"rel=(\\d+) href=\"([^\"]*)\""_s);
-        static const QRegularExpression settings(u"List(\\d+)_\\d+ = ([^\r]*)\r|this\\.url(\\d+) = '([^\r]*)';"_s);
+        static const QRegularExpression links(
+            u"(?|rel=(\\d+) href=\"([^\"]*)\"|List(\\d+)_0 = ([^\r]*)\r|this\\.url(\\d+) = '([^\r]*)';)"_s);
         int checked = 0;
         const auto check_link = [&](const QString& file, int target, const QString& address) {
             if (!pages.contains(target)) return;
             ++checked;
             EXPECT_EQ(name_in(address), pages.at(target)) << address.toStdString() << " in " << file.toStdString();
         };
-        for (const QString& file : QDir(folder()).entryList({u"*.htm"_s}, QDir::Files))
+        const QStringList settings_files{u"media/img/reference.js"_s, u"media/img/menu_items.js"_s};
+        for (const QString& file : QDir(folder()).entryList({u"*.htm"_s}, QDir::Files) + settings_files)
             for (const auto& hit : links.globalMatch(text(file)))
                 check_link(file, hit.captured(1).toInt(), hit.captured(2));
-        for (const QString& file : {u"media/img/reference.js"_s, u"media/img/menu_items.js"_s})
-            for (const auto& hit : settings.globalMatch(text(file)))
-                check_link(file, (hit.captured(1) + hit.captured(3)).toInt(), hit.captured(2) + hit.captured(4));
         EXPECT_GT(checked, 0);
         for (const auto& [number, page] : pages) {
             const QString next = arrow(page, u"F_Dex"_s);
@@ -84,6 +82,7 @@ class NumberedWebsite {
         return forms[any(forms.size())].arg(++names_);
     }
 
+    /// Writes into both files of a page.
     void insert(const QString& page, const QString& markup) const {
         for (const QString& file : {page, editing_copy_name(page)})
             put(file, text(file).replace(u"</body>"_s, markup + u"\r\n</body>"_s).toUtf8());
@@ -145,12 +144,10 @@ class NumberedWebsite {
     }
 
     void rename(const QString& page) {
-        if (is_home_page(page) || first_is_home(page)) return;
+        if (page.startsWith(u"index")) return;
         const PageOutcome outcome = rename_page(folder(), page, new_name());
         EXPECT_TRUE(outcome.done && outcome.message.isEmpty()) << outcome.message.toStdString();
     }
-
-    static bool first_is_home(const QString& page) { return page.startsWith(u"index_page"_s); }
 
     void remove(const QString& page) {
         const PageOutcome outcome = delete_page(folder(), page);
@@ -158,11 +155,10 @@ class NumberedWebsite {
     }
 
     /// The page that an address of the test names.
-    static QString name_in(QString address) {
-        address.remove(u"javascript:esempio('"_s).remove(u"',300,200);"_s).remove(u"#part"_s).remove(u"?a=b"_s);
-        address.remove(u"./Web%20site/"_s).remove(u"./"_s).remove(u'§');
-        if (address.startsWith(u'.')) address.remove(0, 1);
-        return QUrl::fromPercentEncoding(address.toUtf8());
+    static QString name_in(const QString& address) {
+        static const QRegularExpression around(
+            u"^(?:javascript:esempio\\('|\\./|\\.\\./Web%20site/)?§?(.*?)(?:',300,200\\);|#part|\\?a=b)?$"_s);
+        return QUrl::fromPercentEncoding(around.match(address).captured(1).toUtf8());
     }
 
     [[nodiscard]] QString arrow(const QString& page, const QString& id) const {

@@ -1,7 +1,6 @@
 #include "site/website_copy.h"
 
 #include "base/roots.h"
-#include "site/website_listing.h"
 #include "tests/support/folder_text.h"
 #include "tests/support/tables.h"
 #include "tests/support/test_folder.h"
@@ -37,8 +36,7 @@ TEST(WebsiteCopy, HoldsEverythingButThePublishingRecord) {
     const Roots roots(base.path());
     base.put(u"Pondera/Shop/çindex.htm"_s, "<title>Shop - Home Page</title>\xe0");
     base.put(u"Pondera/Shop/media/img/menu.js"_s, "'../Shop/a.htm'");
-    for (const QString& file : {u"§_elenco.pnd"_s, u"§_elencotemp.pnd"_s, u"papers/2020/a.pdf"_s, u"media/img/a.jpg"_s})
-        base.put(u"Pondera/Shop/"_s + file, "../Shop/");
+    base.put_all(u"Pondera/Shop"_s, u"§_elenco.pnd §_elencotemp.pnd papers/2020/a.pdf media/img/a.jpg"_s, "../Shop/");
     ASSERT_TRUE(QFile::link(base.path(), base.path(u"Pondera/Shop/up"_s)));
 
     const auto stopped =

@@ -1,7 +1,5 @@
 #include "site/website_deletion.h"
 
-#include <QFile>
-
 #include "site/website_listing.h"
 #include "tests/support/folder_text.h"
 #include "tests/support/small_disk.h"
@@ -13,9 +11,8 @@ namespace pondera {
 class WebsiteDeletion : public testing::Test {
   protected:
     void SetUp() override {
-        for (const QString& file : {u"Shop/çindex.htm"_s, u"Shop/index.htm"_s, u"Shop/.hidden"_s, u"Shop/media/x.txt"_s,
-                                    u"Shop/media/img/a.jpg"_s, u"Shop/media/audio/a.mp3"_s, u"Precious/çindex.htm"_s})
-            folder_.put(file, "x");
+        folder_.put_all(u"Shop"_s,
+                        u"çindex.htm index.htm .hidden media/x.txt media/img/a.jpg ../Precious/çindex.htm"_s);
     }
 
     [[nodiscard]] QString remains() const { return text_of_folder(folder_.path()); }

@@ -1,7 +1,5 @@
 #include "site/website_import.h"
 
-#include <QFile>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +7,7 @@
 #include "site/website_listing.h"
 #include "tests/support/folder_text.h"
 #include "tests/support/small_disk.h"
+#include "tests/support/tables.h"
 #include "tests/support/test_folder.h"
 
 namespace pondera {
@@ -17,9 +16,10 @@ namespace pondera {
 class WebsiteImporting : public testing::Test {
   protected:
     void SetUp() override {
-        for (const QString& file : {u"çindex.htm"_s, u"index.htm"_s, u"§_4_Trips.htm"_s, u"§_elenco.pnd"_s,
-                                    u"media/thumb.txt"_s, u"media/img/sea.jpg"_s, u"media/video/tour.mp4"_s})
-            there_.put(u"Shop/"_s + file, "new");
+        there_.put_all(u"Shop"_s,
+                       u"çindex.htm index.htm §_4_Trips.htm §_elenco.pnd media/thumb.txt media/img/sea.jpg "
+                       "media/video/t.mp4"_s,
+                       "new");
         ASSERT_TRUE(create_folders(roots_.websites()));
     }
 
@@ -50,7 +50,7 @@ TEST_F(WebsiteImporting, TakesItsFilesAndMediaAndNothingElse) {
     EXPECT_EQ(import(there_.path(u"Shop/."_s)), u"Inner/ link.htm media/audio media/img/old/ pipe");
     EXPECT_EQ(text_of_folder(roots_.website(u"Shop"_s)),
               u"index.htm=new media/img/same.jpg=new media/img/sea.jpg=new media/thumb.txt=new "
-              "media/video/tour.mp4=new §_4_Trips.htm=new §_elenco.pnd=new çindex.htm=new");
+              "media/video/t.mp4=new §_4_Trips.htm=new §_elenco.pnd=new çindex.htm=new");
     EXPECT_TRUE(QFileInfo(roots_.website(u"Shop/media/audio"_s)).isDir());
     EXPECT_TRUE(QFileInfo(roots_.website(u"Shop/index.htm"_s)).permission(QFile::WriteOwner));
     EXPECT_EQ(QDir(roots_.websites()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList({u"Shop"_s}));
@@ -60,7 +60,7 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
     base_.put(u"Pondera/Shop/çindex.htm"_s, "mine");
     base_.put(u"Pondera/Shop/copy/Shop/çindex.htm"_s, "mine");
     base_.put(u"Pondera/Leftover/a.txt"_s, "mine");
-    for (const QString& folder : {u"ftp"_s, u"_HELP"_s, u".shop"_s, u"two\nlines"_s, u"Leftover"_s})
+    for (const QString& folder : {u"ftp"_s, u".shop"_s, u"two\nlines"_s, u"Leftover"_s})
         there_.put(folder + u"/çindex.htm"_s);
     there_.put(u"Other/index.htm"_s);
     ASSERT_TRUE(QDir(there_.path()).mkdir(u"Borrowed"_s));
@@ -70,22 +70,17 @@ TEST_F(WebsiteImporting, WhatCannotBeImportedIsRefusedAndStays) {
     const QString none = u"This folder is not a Pondera VANTILE Website."_s;
     const QString itself =
         u"This folder is the Website Shop itself, or lies in it. It can be opened with Open Website."_s;
-    const QList<std::pair<QString, QString>> cases{
-        {there_.path(u"Other"_s), none},
-        {there_.path(u"missing"_s), none},
-        {there_.path(u"Borrowed"_s), none},
-        {u"/"_s, none},
-        {there_.path(u"ftp"_s), u"Invalid name. Change ftp or choose another name."_s},
-        {there_.path(u"_HELP"_s), u"Invalid name. Change _ or choose another name."_s},
-        {there_.path(u".shop"_s), u"Invalid name. Change . or choose another name."_s},
-        {there_.path(u"two\nlines"_s), u"Invalid name. Change the invisible characters or choose another name."_s},
-        {there_.path(u"Leftover"_s), u"Name of the Website already used!"_s},
-        {roots_.website(u"Shop"_s), itself},
-        {roots_.website(u"Shop/../Shop/"_s), itself},
-        {roots_.website(u"Shop/copy/Shop"_s), itself},
-        {there_.path(u"shop"_s), itself},
-    };
-    for (const auto& [folder, refusal] : cases) EXPECT_EQ(import(folder), refusal) << folder.toStdString();
+    for (const QString& folder :
+         {there_.path(u"Other"_s), there_.path(u"missing"_s), there_.path(u"Borrowed"_s), u"/"_s})
+        EXPECT_EQ(import(folder), none) << folder.toStdString();
+    for (const QString& folder :
+         {roots_.website(u"Shop/../Shop/"_s), roots_.website(u"Shop/copy/Shop"_s), there_.path(u"shop"_s)})
+        EXPECT_EQ(import(folder), itself) << folder.toStdString();
+    const auto refusal = [&](const QString& folder) { return import(there_.path(folder)); };
+    expect_results(refusal, {u"ftp → Invalid name. Change ftp or choose another name.",
+                             u".shop → Invalid name. Change . or choose another name.",
+                             u"two\nlines → Invalid name. Change the invisible characters or choose another name.",
+                             u"Leftover → Name of the Website already used!"});
     EXPECT_EQ(text_of_folder(base_.path()), before);
 }
 

@@ -24,6 +24,11 @@ class TestFolder {
         return path(file);
     }
 
+    /// Writes files of the same bytes into a folder; blanks part their names.
+    void put_all(const QString& folder, const QString& names, const QByteArray& bytes = "x") const {
+        for (const QString& name : names.split(u' ')) put(folder + u'/' + name, bytes);
+    }
+
     /// What a file holds.
     [[nodiscard]] QByteArray bytes(const QString& file) const { return read_file(path(file)).value_or("(missing)"); }
 
