@@ -3,8 +3,6 @@
 #include "publish/commands/command_executor.h"
 #include "tests/support/tables.h"
 
-using namespace Qt::StringLiterals;
-
 namespace pondera {
 
 TEST(CommandStack, RunsTheLastPushedFirstAndTakesNoMoreThanItsHighestIndex) {
@@ -19,16 +17,10 @@ TEST(CommandStack, RunsTheLastPushedFirstAndTakesNoMoreThanItsHighestIndex) {
 }
 
 TEST(ShownCommand, LeavesOutTheStagingFolderAndWhatFollowsTheFirstBlankBehindTheVerb) {
-    struct Case {
-        QString command, shown;
-    };
-    for (const Case& c :
-         std::initializer_list<Case>{{u"SEND /w/FTP/Shop/media/img/Sea.jpg Sea.jpg"_s, u"SEND media/img/Sea.jpg"_s},
-                                     {u"CD Shop"_s, u"CD Shop"_s},
-                                     {u"CD My Shop"_s, u"CD My Shop"_s},
-                                     {u"CD Web Shop"_s, u"CD Web"_s},
-                                     {u"DIR"_s, u"DIR"_s}})
-        EXPECT_EQ(shown_command(c.command, u"/w/FTP/Shop"_s), c.shown);
+    const auto shown = [](const QString& command) { return shown_command(command, u"/w/FTP/Shop"_s); };
+    expect_results(shown,
+                   {u"SEND /w/FTP/Shop/media/img/Sea.jpg Sea.jpg → SEND media/img/Sea.jpg", u"CD Web Shop → CD Web"});
+    expect_unchanged(shown, {u"CD Shop", u"CD My Shop", u"DIR"});
 }
 
 }  // namespace pondera

@@ -1,7 +1,5 @@
 #include "publish/sending/publication.h"
 
-#include <gmock/gmock.h>
-
 #include "base/roots.h"
 #include "publish/sending/prepared_page.h"
 #include "publish/sending/time_left.h"
@@ -10,16 +8,15 @@
 #include "tests/support/test_folder.h"
 
 namespace pondera {
-namespace {
 
-QStringList paths(const QList<PublishedFile>& files) {
+static QString paths(const QList<PublishedFile>& files) {
     QStringList result;
     for (const PublishedFile& file : files) result << file.path;
-    return result;
+    return result.join(u' ');
 }
 
 /// The Website's folder and that of its pictures as listed: "index.htm=1 media/img/a.jpg=-1".
-RemoteFiles listed(const QString& files) {
+static RemoteFiles listed(const QString& files) {
     RemoteFiles found{.listed_folders = {u""_s, u"media/img"_s}};
     for (const QString& file : files.split(u' '))
         found.sizes.insert(file.section(u'=', 0, 0), file.section(u'=', 1).toLongLong());
@@ -30,7 +27,7 @@ class Publications : public testing::Test {
   protected:
     /// Writes files of the Website, of one byte unless told.
     void put(const QString& paths, const QByteArray& bytes = "x") const {
-        for (const QString& path : paths.split(u' ')) home.put(u"base/Pondera/Shop/"_s + path, bytes);
+        home.put_all(u"base/Pondera/Shop"_s, paths, bytes);
     }
     [[nodiscard]] PublicationPlan plan(PublicationMode mode, const RemoteFiles& remote, bool remove = true) const {
         return plan_publication(*survey_website(roots, u"Shop"_s), mode, *record, remote, remove);
@@ -44,8 +41,6 @@ class Publications : public testing::Test {
     const Roots roots{home.path(u"base"_s)};
     FileResult<PublicationRecord> record = PublicationRecord::open(home.path(), Destination::in_folder(home.path()));
 };
-
-}  // namespace
 
 TEST(PreparedPage, LosesWhatPointsIntoThisMachine) {
     const Roots roots(u"/home/me/Pondera_Folder"_s);
@@ -68,9 +63,7 @@ TEST_F(Publications, SurveyWhatVisitorsGetInTheOrderOfSending) {
     put(u"_4_D.htm"_s, "city \xe0 <A href=\"../Shop/x\">");
     put(u"_4_B.htm §_4_A.htm çindex.htm Thumbs.db §_elenco.pnd z.pdf z.htm media/img/a.jpg"_s);
     const auto survey = survey_website(roots, u"Shop"_s);
-    ASSERT_TRUE(survey);
-    EXPECT_EQ(paths(survey->files), QStringList({u"media/img/a.jpg"_s, u"z.pdf"_s, u"_4_D.htm"_s, u"_4_C.htm"_s,
-                                                 u"_4_A.htm"_s, u"_4_B.htm"_s, u"z.htm"_s, u"index.htm"_s}));
+    EXPECT_EQ(paths(survey->files), u"media/img/a.jpg z.pdf _4_D.htm _4_C.htm _4_A.htm _4_B.htm z.htm index.htm");
     EXPECT_EQ(survey->files[1].checksum, "2d711642b726b04401627ca9fbac32f5c8530fb1903cc4db02258717921a4881");
     EXPECT_EQ(*prepared_file(roots, u"Shop"_s, u"_4_D.htm"_s), "city \xe0 <A href=\"x\">");
     EXPECT_EQ(survey->files[2].size, 19);
@@ -80,9 +73,7 @@ TEST_F(Publications, SurveyWhatVisitorsGetInTheOrderOfSending) {
 TEST_F(Publications, SendWhatIsNotThereAsItShouldBe) {
     put(u"index.htm a.pdf media/img/a.jpg media/img/b.jpg media/audio/c.mp3"_s);
     confirm_all();
-    const auto sent = [this](const RemoteFiles& remote) {
-        return paths(plan(PublicationMode::kPartial, remote).send).join(u' ');
-    };
+    const auto sent = [this](const RemoteFiles& remote) { return paths(plan(PublicationMode::kPartial, remote).send); };
     const RemoteFiles all = listed(u"index.htm=1 a.pdf=-1 media/img/a.jpg=1 media/img/b.jpg=1"_s);
     EXPECT_EQ(sent(all), u""_s);
     EXPECT_EQ(plan(PublicationMode::kTotal, all).send.size(), 5);
@@ -149,8 +140,6 @@ TEST(TimeLeft, IsToldInRoundWords) {
                                     u"250 → about 3 minutes left", u"1 → about 17 hours left"});
     EXPECT_EQ(progress_text({.files_done = 12, .files = 2'000, .bytes_done = 1'234'567, .bytes = 75'000'000}),
               u"12 of 2,000 files, 1.2 of 75.0 MB"_s);
-    EXPECT_EQ(progress_text({.files_done = 1, .files = 2, .bytes_done = 1'234, .bytes = 99'000}),
-              u"1 of 2 files, 2 of 99 KB"_s);
 }
 
 }  // namespace pondera

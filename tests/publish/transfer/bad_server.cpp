@@ -10,9 +10,8 @@ struct BadServer::Session {
     QTcpSocket* control = nullptr;
     QTcpServer passive{};
     QPointer<QTcpSocket> data{};
-    QByteArray storing{};
-    QByteArray received{};
-    QByteArray sending{};
+    QByteArray name{};
+    QByteArray bytes{};
     QByteArray renamed{};
     enum { kIdle, kStoring, kSending } work = kIdle;
 };
@@ -60,7 +59,9 @@ void BadServer::begin() {
 
 void BadServer::answer(Session& session, const QByteArray& line) {
     commands << line;
-    const std::optional<QByteArray> other = instead ? instead(line) : std::nullopt;
+    std::optional<QByteArray> other = instead ? instead(line) : std::nullopt;
+    for (const auto& [start, reply] : replies.asKeyValueRange())
+        if (line.startsWith(start)) other = reply;
     if (other == "hang up") return session.control->abort();
     const QByteArray verb = line.left(line.indexOf(' ') < 0 ? line.size() : line.indexOf(' '));
     const QByteArray reply = other ? *other : reply_to(session, verb, line.mid(verb.size() + 1));
@@ -87,13 +88,13 @@ QByteArray BadServer::reply_to(Session& session, const QByteArray& verb, const Q
     }
     if (verb == "STOR") {
         session.work = Session::kStoring;
-        session.storing = name;
-        session.received.clear();
+        session.name = name;
+        session.bytes.clear();
         return "150 send";
     }
     if (verb == "LIST" || verb == "MLSD" || (verb == "RETR" && files.contains(name))) {
         session.work = Session::kSending;
-        session.sending = verb == "RETR" ? files[name] : listing;
+        session.bytes = verb == "RETR" ? files[name] : listing;
         return "150 coming";
     }
     if (verb == "RNFR") {
@@ -113,31 +114,17 @@ QByteArray BadServer::reply_to(Session& session, const QByteArray& verb, const Q
 
 void BadServer::move_data(Session& session) {
     if (session.data == nullptr || session.work == Session::kIdle) return;
-    if (session.work == Session::kSending) {
-        session.work = Session::kIdle;
-        if (cut_after >= 0) {
-            session.data->write(session.sending.first(std::exchange(cut_after, -1)));
-            session.data->disconnectFromHost();
-            session.control->disconnectFromHost();
-            return;
-        }
-        session.data->write(session.sending);
-        session.data->disconnectFromHost();
-        session.control->write("226 done\r\n");
-        return;
-    }
-    session.received += session.data->readAll();
-    if (cut_after >= 0 && session.received.size() >= cut_after) {
-        cut_after = -1;
-        files[session.storing] = session.received;
-        session.data->abort();
-        session.control->abort();
-        return;
-    }
-    if (session.data->state() == QTcpSocket::ConnectedState) return;
+    const bool storing = session.work == Session::kStoring;
+    if (storing) session.bytes += session.data->readAll();
+    const bool cut = cut_after >= 0 && session.bytes.size() >= cut_after;
+    if (storing && !cut && session.data->state() == QTcpSocket::ConnectedState) return;
     session.work = Session::kIdle;
-    files[session.storing] = session.received;
-    if (!silent_after_upload) session.control->write("226 stored\r\n");
+    if (cut) session.bytes.truncate(std::exchange(cut_after, -1));
+    if (storing) files[session.name] = session.bytes;
+    if (!storing) session.data->write(session.bytes);
+    session.data->disconnectFromHost();
+    if (cut) return session.control->disconnectFromHost();
+    if (!storing || !silent_after_upload) session.control->write("226 done\r\n");
 }
 
 }  // namespace pondera

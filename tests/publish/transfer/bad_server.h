@@ -19,6 +19,8 @@ class BadServer : public QTcpServer {
     /// What the control connection answers to a command line in place of the usual reply; "" says nothing at all,
     /// "hang up" closes the connection.
     std::function<std::optional<QByteArray>(const QByteArray& line)> instead;
+    /// Replies that are always the same, by the beginning of the line.
+    QHash<QByteArray, QByteArray> replies;
     QByteArray welcome = "220 ready\r\n";
     QByteArrayList features = {"UTF8"};
     QByteArray listing;
@@ -39,7 +41,6 @@ class BadServer : public QTcpServer {
     void begin();
     void answer(Session& session, const QByteArray& line);
     QByteArray reply_to(Session& session, const QByteArray& verb, const QByteArray& name);
-    void open_data(Session& session);
     void move_data(Session& session);
 };
 

@@ -7,12 +7,9 @@
 
 #include "tests/support/test_folder.h"
 
-using namespace Qt::StringLiterals;
-
 namespace pondera {
-namespace {
 
-QByteArray openssl(const QString& arguments) {
+static QByteArray openssl(const QString& arguments) {
     QProcess process;
     process.start(u"openssl"_s, arguments.split(u'|'));
     EXPECT_TRUE(process.waitForFinished());
@@ -21,7 +18,7 @@ QByteArray openssl(const QString& arguments) {
 }
 
 /// Whether the TLS greeting between a client and the server of `cert.pem` and `key.pem` comes to its end.
-bool greets(const TestFolder& keys, CertificateCheck& check, bool knows_authority) {
+static bool greets(const TestFolder& keys, CertificateCheck& check, bool knows_authority) {
     using Context = std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)>;
     using Line = std::unique_ptr<SSL, decltype(&SSL_free)>;
     const Context server_context(SSL_CTX_new(TLS_server_method()), SSL_CTX_free);
@@ -61,13 +58,13 @@ TEST(CertificateCheck, AuthorityNameAndTrustDecide) {
         bool passes;
         QString doubt;
     };
-    for (const Row& row : {Row{u"ftp.club.example"_s, true, {}, true, {}}, Row{u"127.0.0.1"_s, true, {}, true, {}},
-                           Row{u"www.club.example"_s, true, {}, false, u"hostname mismatch"_s},
-                           Row{u"127.0.0.2"_s, true, {}, false, u"IP address mismatch"_s},
-                           Row{u"ftp.club.example"_s, false, {}, false, u"unable to get local issuer certificate"_s},
-                           Row{u"ftp.club.example"_s, false, own, true, u"unable to get local issuer certificate"_s},
-                           Row{u"www.club.example"_s, true, own, true, u"hostname mismatch"_s},
-                           Row{u"www.club.example"_s, true, QByteArray(64, 'a'), false, u"hostname mismatch"_s}}) {
+    const QString unknown = u"unable to get local issuer certificate"_s;
+    for (const Row& row :
+         {Row{u"ftp.club.example"_s, true, {}, true, {}}, Row{u"127.0.0.1"_s, true, {}, true, {}},
+          Row{u"www.club.example"_s, true, {}, false, u"hostname mismatch"_s},
+          Row{u"ftp.club.example"_s, false, {}, false, unknown}, Row{u"ftp.club.example"_s, false, own, true, unknown},
+          Row{u"www.club.example"_s, true, own, true, u"hostname mismatch"_s},
+          Row{u"www.club.example"_s, true, QByteArray(64, 'a'), false, u"hostname mismatch"_s}}) {
         CertificateCheck check(row.host, row.trusted);
         EXPECT_EQ(greets(keys, check, row.knows_authority), row.passes) << qPrintable(row.host + row.doubt);
         EXPECT_EQ(check.fingerprint(), own);
@@ -76,5 +73,4 @@ TEST(CertificateCheck, AuthorityNameAndTrustDecide) {
     }
 }
 
-}  // namespace
 }  // namespace pondera

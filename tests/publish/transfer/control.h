@@ -5,11 +5,9 @@
 #include <QTimer>
 
 #include <functional>
-#include <gtest/gtest.h>
 
 #include "publish/transfer/curl_transfer.h"
-
-using namespace Qt::StringLiterals;
+#include "tests/support/qt_text.h"
 
 namespace pondera {
 
@@ -18,8 +16,7 @@ class Control {
   public:
     explicit Control(TransferWaits waits = {.connect = std::chrono::seconds(5),
                                             .silence = std::chrono::seconds(5),
-                                            .retries = {std::chrono::milliseconds(10), std::chrono::milliseconds(20),
-                                                        std::chrono::milliseconds(40)}})
+                                            .retries = std::vector(3, std::chrono::milliseconds(1))})
         : inet(nullptr, std::move(waits)) {
         inet.set_user(u"anonymous"_s);
         inet.set_password(u"secret"_s);
@@ -37,6 +34,21 @@ class Control {
     void meet(const QString& host) {
         inet.set_host(host);
         if (run(u"DIR"_s) == kCertificateNotTrusted) inet.trust_certificate(inet.Protection().fingerprint);
+    }
+
+    /// Gives a command and cancels it at that moment; the next command is not kept waiting by it.
+    void cancel(const QString& command, const std::function<bool()>& moment) {
+        inet.Execute(command);
+        wait_until(moment);
+        inet.Cancel();
+        EXPECT_FALSE(inet.StillExecuting());
+        EXPECT_EQ(states.last(), InternetState::kDisconnected);
+    }
+    void expect_quick(const QString& command) {
+        QElapsedTimer waited;
+        waited.start();
+        EXPECT_EQ(run(command), kFine) << inet.ResponseInfo().toStdString();
+        EXPECT_LT(waited.elapsed(), 1'000);
     }
 
     /// Turns the event loop until `reached`, at most for half a minute.

@@ -5,33 +5,34 @@
 #include <QThread>
 
 namespace pondera {
-namespace {
 
-int free_port() {
+static int free_port() {
     QTcpServer probe;
     probe.listen(QHostAddress::LocalHost);
     return probe.serverPort();
 }
 
-bool answers(int port) {
+static bool answers(int port) {
     QTcpSocket probe;
     probe.connectToHost(QHostAddress(QHostAddress::LocalHost), static_cast<quint16>(port));
     return probe.waitForConnected(200);
 }
 
-void run(const QString& program, const QStringList& arguments) {
+/// `command` is a program and its arguments, parted by "|".
+static void run(const QString& command) {
+    QStringList arguments = command.split(u'|');
+    const QString program = arguments.takeFirst();
     QProcess process;
     process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-    EXPECT_EQ(process.exitCode(), 0) << program.toStdString();
+    EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0) << command.toStdString();
 }
-
-}  // namespace
 
 RealServer::RealServer(Kind kind, bool tls) : kind_(kind), tls_(tls), port_(free_port()) {
     QDir().mkpath(path({}));
-    if (tls_) make_certificate();
-    if (kind_ == Kind::kAsyncssh) make_host_key();
+    if (tls_)
+        run(u"openssl|req|-x509|-newkey|rsa:2048|-nodes|-days|2|-subj|/CN=test server|-keyout|%1/key.pem|"
+            "-out|%1/cert.pem"_s.arg(folder_.path()));
+    if (kind_ == Kind::kAsyncssh) run(u"ssh-keygen|-q|-t|ed25519|-N||-f|"_s + host_key());
     QStringList arguments = command();
     const QString program = arguments.takeFirst();
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -46,21 +47,11 @@ RealServer::~RealServer() {
     process_.waitForFinished();
 }
 
-void RealServer::make_certificate() {
-    run(u"openssl"_s,
-        {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
-         u"/CN=test server"_s, u"-keyout"_s, folder_.path(u"key.pem"_s), u"-out"_s, folder_.path(u"cert.pem"_s)});
-}
-
-void RealServer::make_host_key() {
-    run(u"ssh-keygen"_s, {u"-q"_s, u"-t"_s, u"ed25519"_s, u"-N"_s, QString(), u"-f"_s, host_key()});
-}
-
 QStringList RealServer::command() {
     const QString port = QString::number(port_);
     if (kind_ == Kind::kPyftpdlib)
         return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/transfer/serve.py"), path({}),
-                port, tls_ ? folder_.path({}) : QString()};
+                port, tls_ ? folder_.path() : QString()};
     if (kind_ == Kind::kAsyncssh)
         return {u"/usr/bin/python3"_s, QStringLiteral(PONDERA_SOURCE_DIR "/tests/publish/transfer/serve_sftp.py"),
                 path({}), port, host_key()};

@@ -4,9 +4,14 @@
 
 #include "tests/support/test_folder.h"
 
-using namespace Qt::StringLiterals;
-
 namespace pondera {
+
+/// Bytes of every kind.
+inline QByteArray picture(qsizetype size) {
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (qsizetype i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 31 + i / 251);
+    return bytes;
+}
 
 /// A real server on a free port of loopback, with a throw-away folder that anybody may write to.
 class RealServer {
@@ -26,14 +31,15 @@ class RealServer {
     [[nodiscard]] QString remote_root() const;
     /// The served folder itself.
     [[nodiscard]] QString path(const QString& file) const { return folder_.path(u"served/"_s + file); }
+    QString put(const QString& file, const QByteArray& bytes = "x") const {
+        return folder_.put(u"served/"_s + file, bytes);
+    }
     [[nodiscard]] QByteArray bytes(const QString& file) const { return folder_.bytes(u"served/"_s + file); }
     /// Its names, sorted, folders among them.
     [[nodiscard]] QStringList names(const QString& folder = {}) const;
 
   private:
     [[nodiscard]] QStringList command();
-    void make_certificate();
-    void make_host_key();
 
     TestFolder folder_;
     Kind kind_;

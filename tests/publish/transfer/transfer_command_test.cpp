@@ -1,15 +1,9 @@
 #include "publish/transfer/transfer_command.h"
 
-#include <gtest/gtest.h>
-
 #include "publish/transfer/remote_host.h"
-#include "tests/support/qt_text.h"
 #include "tests/support/tables.h"
 
-using namespace Qt::StringLiterals;
-
 namespace pondera {
-namespace {
 
 TEST(TransferCommand, NamesAreToldApart) {
     const auto read = [](const QString& command) {
@@ -20,24 +14,18 @@ TEST(TransferCommand, NamesAreToldApart) {
     };
     expect_results(read, {
                              u"DIR → |",
-                             u"cdup → |",
-                             u"LIST → ?",
                              u" → ?",
                              u"CD my media → my media|",
                              u"CD \"my \"\"own\"\" media\" → my \"own\" media|",
-                             u"MKDIR \"a\" b → ?",
                              u"DELETE -rf x → -rf x|",
-                             u"GET a.htm /site/a.htm → a.htm|/site/a.htm",
                              u"GET a b.htm /site/a b.htm → a b.htm|/site/a b.htm",
                              u"GET a C:\\Pondera_Folder\\my site\\a → a|C:\\Pondera_Folder\\my site\\a",
                              u"GET /www/a b /site/x /y → ?",
                              u"GET /www/a b /site/x/a b → /www/a b|/site/x/a b",
-                             u"GET \"a b\" c → a b|c",
                              u"GET a \"c d\" → a|c d",
                              u"GET a b c → ?",
                              u"SEND /site/my page.htm my page.htm → my page.htm|/site/my page.htm",
                              u"SEND /site/a b x → ?",
-                             u"SEND /site/a b a b → a b|/site/a b",
                              u"SEND \"/none/x y\" \"x y\" → x y|/none/x y",
                              u"CD a\rDELE b → ?",
                              u"GET a\n /site/a → ?",
@@ -54,19 +42,14 @@ TEST(RemoteHost, AsPeopleTypeThem) {
     };
     expect_results(read, {
                              u"ftp.x.org → ftp.x.org 21",
-                             u"ftp://x/ → x 21",
-                             u"FTP://x:1 → x 1",
                              u"sftp://x → s x 22",
                              u"[::1]:2121 → ::1 2121",
                              u"fe80::1 → fe80::1 21",
-                             u"127.0.0.1:21 → 127.0.0.1 21",
                              u"müller.de → xn--mller-kva.de 21",
                              u"http://x → !",
                              u"x:0 → ?",
-                             u"x:65536 → ?",
                              u" → ?",
                              u"x/htdocs → ?",
-                             u"x y → ?",
                              u"-x → ?",
                              u"a\r\nb → ?",
                              u"x%0d → ?",
@@ -74,5 +57,4 @@ TEST(RemoteHost, AsPeopleTypeThem) {
                          });
 }
 
-}  // namespace
 }  // namespace pondera
