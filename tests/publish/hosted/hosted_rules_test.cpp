@@ -16,15 +16,12 @@ TEST(HostedRules, EntriesOfTheServiceAreNeitherListedNorSent) {
                              u"index.htm | media/ | mydomain.txt | domain.txt.htm | cgi-bin2/ | .htaccess → ours",
                          });
     RemoteListing listing;
-    for (const QString& name : {u"domain.txt"_s, u"old_index.htm"_s, u"index.htm"_s, u".ftpquota"_s})
-        listing.entries << RemoteEntry{.name = name};
-    for (const QString& name : {u"cgi-bin"_s, u"media"_s}) listing.entries << RemoteEntry{.name = name, .folder = true};
+    for (const QString& name : u"domain.txt old_index.htm index.htm .ftpquota cgi-bin media"_s.split(u' '))
+        listing.entries << RemoteEntry{.name = name, .folder = !name.contains(u'.')};
     EXPECT_EQ(hosted_listing(listing, account).join(u' '), u"old_index.htm index.htm media/"_s);
-    for (int n = 0; n < 20'000; ++n) listing.entries << RemoteEntry{.name = QString::number(n)};
-    EXPECT_EQ(hosted_listing(listing, account).size(), 10'001 - 3);
 
     const TestFolder folder;
-    for (const QString& name : {u"index.htm"_s, u"domain.txt"_s, u"media/img/domain.txt"_s}) folder.put(name);
+    folder.put_all(u"."_s, u"index.htm domain.txt media/img/domain.txt"_s);
     EXPECT_EQ(names_of_service(folder.path(), account), QStringList(u"domain.txt"_s));
 }
 
@@ -65,14 +62,11 @@ TEST(HostingServiceSettings, ShippedFileIsReadAndWhatIsMissingKeepsItsValue) {
 
     const HostingService other = parse_hosting_service(u"# host = no\r\nhost = x.org\r\nport=2121\r\nweb root =\r\n"_s);
     EXPECT_EQ(other.typed_host() + u' ' + other.web_root, u"x.org:2121 public_html"_s);
-    EXPECT_EQ(parse_hosting_service(u"host=x.org\nport=99999"_s).typed_host(), u"x.org"_s);
 
     const auto domain = [&](const QString& typed) { return service->domain_of(typed); };
     expect_results(domain, {
                                u"bakery | bakery.hosting.example | HTTP://bakery.hosting.example/ → bakery",
-                               u".hosting.example → .hosting.example",
                            });
-    EXPECT_EQ(other.domain_of(u" bakery "_s), u"bakery"_s);
 }
 
 }  // namespace pondera
