@@ -5,6 +5,20 @@
 using namespace Qt::StringLiterals;
 
 namespace pondera {
+namespace {
+
+class PlainButton : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+        QPushButton::keyPressEvent(event);
+    }
+};
+
+}  // namespace
 
 QLineEdit* password_line(const QString& name) {
     auto* line = new QLineEdit;
@@ -40,7 +54,7 @@ QLabel* narrow_label(const QString& name) {
 }
 
 QPushButton* plain_button(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption);
+    auto* button = new PlainButton(caption);
     button->setObjectName(name);
     button->setAutoDefault(false);
     return button;

@@ -17,7 +17,7 @@ namespace pondera {
 /// A text of one line that never widens its window.
 [[nodiscard]] QLabel* narrow_label(const QString& name);
 
-/// A button that Enter in another field does not press.
+/// A button that Enter presses while the focus is on it, and never from another field.
 [[nodiscard]] QPushButton* plain_button(const QString& name, const QString& caption);
 
 }  // namespace pondera

@@ -42,6 +42,12 @@ QScrollArea* scrolling(QWidget* work) {
     return area;
 }
 
+/// Says that Enter presses a button or does not; also of one that only has the focus, which would lose it with that.
+void make_default(QPushButton& button, bool is_default) {
+    button.setDefault(false);
+    button.setDefault(is_default);
+}
+
 }  // namespace
 
 PublishForm::PublishForm(Workbench& workbench, const QString& name, int highest_index)
@@ -145,8 +151,8 @@ void PublishForm::show_situation() {
     connect_->setText(connected ? kDisconnect : kConnect);
     connect_->setEnabled(!working_);
     login_fields_->set_fields_enabled(!working_ && !connected);
-    options_->button().setDefault(connected && !working_);
-    connect_->setDefault(!connected && !working_);
+    make_default(options_->button(), connected && !working_);
+    make_default(*connect_, !connected && !working_);
     transfer_->set_running(working_);
     if (!working_ && !connected) connection_->show_no_connection();
 }

@@ -90,7 +90,8 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
 
         const QString question = u"Do you want to delete all files contained in the remote server?"_s;
         prompts_.expect_message(question, Answer::kNo);
-        form.click(u"cmdDesel"_s);
+        form.widget<QPushButton>(u"cmdDesel"_s).setFocus();
+        form.press(Qt::Key_Return);
         prompts_.expect_message(question, Answer::kYes);
         do_and_wait(form, u"cmdDesel"_s);
         EXPECT_EQ(text_of_folder(server.path(u"Vantiles/Shop"_s)) + form.entries(u"Remoto"_s).join(u' '), u"");
@@ -100,6 +101,7 @@ TEST_F(PublishDialog, PublishesThenOnlyWhatChangedAndEmptiesTheServer) {
         EXPECT_EQ(info(form), u"Disconnected");
         prompts_.expect_message(u"Are you sure you want to definitely delete the FTP data?"_s, Answer::kYes);
         form.click(u"chkDeleteData"_s);
+        EXPECT_TRUE(form.widget<QPushButton>(u"Collegati"_s).isDefault());
         EXPECT_EQ(form.widget<QLineEdit>(u"password"_s).text(), QString());
     });
     EXPECT_EQ(ftp_hosts(roots_), QStringList(u"0.x.org"_s));
