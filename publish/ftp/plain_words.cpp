@@ -40,6 +40,23 @@ QString advice(int code) {
     return kAdvice.value(code);
 }
 
+/// Why a server is not trusted: the system's words about certificates, in those of a person.
+QString doubt_words(const QString& doubt) {
+    static const QString kUnknown = u"Nobody that this computer knows vouches for it."_s;
+    static const QString kOtherName = u"Its certificate is made out to another name."_s;
+    static const QHash<QString, QString> kWords = {
+        {u"self-signed certificate"_s, u"Nobody but the server itself vouches for it."_s},
+        {u"self-signed certificate in certificate chain"_s, kUnknown},
+        {u"unable to get local issuer certificate"_s, kUnknown},
+        {u"unable to verify the first certificate"_s, kUnknown},
+        {u"hostname mismatch"_s, kOtherName},
+        {u"IP address mismatch"_s, kOtherName},
+        {u"certificate has expired"_s, u"Its certificate has expired."_s},
+        {u"certificate is not yet valid"_s, u"Its certificate is of a later day than this computer's clock shows."_s},
+    };
+    return kWords.value(doubt, doubt);
+}
+
 }  // namespace
 
 QString plain_words(const TaskEnd& end) {
@@ -78,7 +95,7 @@ QString trust_question(const QString& host, const LineProtection& protection, co
                   .arg(host);
     const QString holder = protection.holder.isEmpty() ? QString() : u"It calls itself: %1\n"_s.arg(protection.holder);
     return u"%1\n%2\n\n%3Its fingerprint:\n%4\n\n"
-           "Do you want to trust this server from now on?"_s.arg(opening, protection.doubt, holder,
+           "Do you want to trust this server from now on?"_s.arg(opening, doubt_words(protection.doubt), holder,
                                                                  readable(protection.fingerprint));
 }
 

@@ -127,7 +127,7 @@ TEST_F(PublishDialog, WrongLoginsAreToldInPlainWords) {
 
 TEST_F(PublishDialog, AServerThatCannotProveItselfIsTrustedOnceAndAnotherOneIsWarnedOf) {
     const RealServer server(RealServer::Kind::kVsftpd, true);
-    const QString question = u"cannot prove that it is the one it says it is"_s;
+    const QString question = u"cannot prove that it is the one it says it is.\nNobody but the server itself"_s;
     in_dialog([&](const FormHand& form) {
         prompts_.expect_message(question, Answer::kNo);
         log_in(form, server.host());
