@@ -48,6 +48,18 @@ TransferFault ended(const CurlAnswer& answer) {
     return broken(answer.os_error == ECONNRESET ? kConnectionReset : kConnectionEnded);
 }
 
+/// The server said where to connect to for files, and that came to nothing, as firewalls have it.
+bool lacks_data_connection(const FtpTalk& talk) {
+    const FtpReply* const last = talk.last();
+    return last != nullptr && !talk.waiting() && last->good() && (last->command == "EPSV" || last->command == "PASV");
+}
+
+TransferFault without_data_connection() {
+    TransferFault result = broken(kConnectionEnded);
+    result.text = u"The server answers, but no connection for files can be made."_s;
+    return result;
+}
+
 }  // namespace
 
 TransferFault fault(ResponseNumber number) {
@@ -97,6 +109,7 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
         case CurlEnd::kInterrupted:
             return std::unexpected(fault(kCancelled));
         case CurlEnd::kTooSlow:
+            if (lacks_data_connection(answer.talk)) return std::unexpected(without_data_connection());
             return std::unexpected(answer.ssh.spoken ? fault_of_ssh(answer) : broken(kTimedOut));
         case CurlEnd::kEndlessReply:
             return std::unexpected(fault(kConnectionEnded));
@@ -120,7 +133,8 @@ TransferResult<void> result_of(const CurlAnswer& answer) {
         case CURLE_COULDNT_RESOLVE_HOST:
             return std::unexpected(broken(kNameNotResolved));
         case CURLE_COULDNT_CONNECT:
-            return std::unexpected(broken(kCannotConnect));
+            if (lacks_data_connection(answer.talk)) return std::unexpected(without_data_connection());
+            return std::unexpected(answer.talk.last() != nullptr ? ended(answer) : broken(kCannotConnect));
         case CURLE_OPERATION_TIMEDOUT:
         case CURLE_FTP_ACCEPT_TIMEOUT:
             return std::unexpected(broken(kTimedOut));

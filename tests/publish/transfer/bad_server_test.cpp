@@ -100,6 +100,12 @@ TEST_F(BadServers, AConnectionThatBreaksForEverEndsTheCommand) {
     EXPECT_EQ(send(), kConnectionEnded);
     EXPECT_EQ(control.inet.ResponseInfo(), u"421 no"_s);
     EXPECT_EQ(server.sessions, 4);
+    server.instead = [](const QByteArray& line) -> std::optional<QByteArray> {
+        if (line == "PASV") return "227 entering (127,0,0,1,0,1)";
+        return line == "EPSV" ? std::optional<QByteArray>("500 what?") : std::nullopt;
+    };
+    EXPECT_EQ(send(), kConnectionEnded);
+    EXPECT_EQ(control.inet.ResponseInfo(), u"The server answers, but no connection for files can be made."_s);
 }
 
 /// A verb, the reply to it, and whether "SEND" does well; the old page is whole whenever the new one is not there.
