@@ -204,7 +204,8 @@ void PublishForm::run(std::shared_ptr<RemoteTask> task, std::function<void()> th
 void PublishForm::failed(const TaskEnd& end) {
     const bool stopped = end.how == TaskEnd::How::kCancelled;
     QString text = stopped ? u"Stopped."_s : plain_words(end);
-    if (sending_) text += u" What has arrived is not sent a second time: connect and publish again to go on."_s;
+    if (sending_) text += u" What has arrived is not sent a second time."_s;
+    if (stopped && sending_) text += u" Connect and publish again to go on."_s;
     if (stopped && emptying_) text += u" What was deleted until then is gone."_s;
     finish_work(text, stopped ? Tone::kPlain : Tone::kBad);
 }
