@@ -45,7 +45,10 @@ bool finds_no_protection(const CurlAnswer& answer) {
 }
 
 TransferFault ended(const CurlAnswer& answer) {
-    return broken(answer.os_error == ECONNRESET ? kConnectionReset : kConnectionEnded);
+    TransferFault result = broken(answer.os_error == ECONNRESET ? kConnectionReset : kConnectionEnded);
+    const FtpReply* const last = answer.talk.last();
+    result.file_cut = last != nullptr && last->code >= 100 && last->code < 200;
+    return result;
 }
 
 /// The server said where to connect to for files, and that came to nothing, as firewalls have it.
@@ -89,6 +92,12 @@ TransferFault broken(ResponseNumber number) {
     TransferFault result = fault(number);
     result.broken = true;
     return result;
+}
+
+TransferFault cut_each_time() {
+    return {.code = kServerAnsweredError,
+            .text = u"There may be no room left for it: the server broke it off each time."_s,
+            .file_cut = true};
 }
 
 TransferFault refused(const FtpReply& reply) {

@@ -13,10 +13,14 @@ struct TransferFault {
     QString text{};
     bool broken = false;        ///< the connection is gone, and a new one may do better
     bool name_refused = false;  ///< the server may take a file by another name
+    bool file_cut = false;      ///< it broke in the middle of a file that the server had begun with
 };
 
 template <typename T>
 using TransferResult = std::expected<T, TransferFault>;
+
+/// The fault when every new connection broke in the same file.
+[[nodiscard]] TransferFault cut_each_time();
 
 /// What an answer means: nothing when the request went well and the server refused none of its commands, else the
 /// fault.

@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <curl/curl.h>
+#include <tuple>
 #include <utility>
 
 #include "publish/transfer/ftp_session.h"
@@ -92,12 +93,19 @@ TransferOutcome TransferWorker::outcome_of(const TransferJob& job) {
     TransferOutcome outcome;
     const TransferResult<void> result = with_retries([&] { return attempt(job, outcome.listing); });
     if (!result) {
+        if (result.error().file_cut && !result.error().broken) remove_left_over(job);
         outcome.code = result.error().code;
         outcome.text = result.error().text;
     }
     outcome.remote_folder = folder_;
     outcome.protection = session_->protection();
     return outcome;
+}
+
+/// Removes what a file that was broken off left on the server: it takes the room of others.
+void TransferWorker::remove_left_over(const TransferJob& job) {
+    if (job.command.verb != TransferVerb::kSend || !session_->open()) return;
+    std::ignore = session_->remove_file(temporary_beside(resolve_remote(folder_, job.command.remote)));
 }
 
 TransferResult<void> TransferWorker::with_retries(const std::function<TransferResult<void>()>& work) {
@@ -112,6 +120,9 @@ TransferResult<void> TransferWorker::with_retries(const std::function<TransferRe
     }
     if (result || !result.error().broken) return result;
     session_->drop();
+    // A full server says so behind the break, where libcurl does not listen any more. The rest may find room.
+    if (first.error().file_cut && result.error().file_cut && !waits_.retries.empty())
+        return std::unexpected(cut_each_time());
     // How the connection broke says more than how it could not be built again.
     return first;
 }

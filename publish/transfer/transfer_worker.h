@@ -49,6 +49,7 @@ class TransferWorker {
     [[nodiscard]] TransferOutcome outcome_of(const TransferJob& job);
     void renew_session(const TransferJob& job);
     void tell_states();
+    void remove_left_over(const TransferJob& job);
     [[nodiscard]] TransferResult<void> attempt(const TransferJob& job, RemoteListing& listing);
     [[nodiscard]] TransferResult<void> with_retries(const std::function<TransferResult<void>()>& work);
     [[nodiscard]] TransferResult<void> get(const TransferJob& job, const QString& path);

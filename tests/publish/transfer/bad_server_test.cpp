@@ -108,6 +108,18 @@ TEST_F(BadServers, AConnectionThatBreaksForEverEndsTheCommand) {
     EXPECT_EQ(control.inet.ResponseInfo(), u"The server answers, but no connection for files can be made."_s);
 }
 
+TEST_F(BadServers, AFileThatIsBrokenOffEachTimeIsRefusedAndLeavesNothing) {
+    server.instead = [&](const QByteArray& line) -> std::optional<QByteArray> {
+        if (line.startsWith("STOR")) server.cut_after = 100'000;
+        return std::nullopt;
+    };
+    EXPECT_EQ(send(), kServerAnsweredError);
+    EXPECT_TRUE(control.inet.ResponseInfo().startsWith(u"There may be no room left"_s));
+    EXPECT_EQ(server.count("STOR"), 4);
+    EXPECT_EQ(server.count("DELE"), 1);
+    EXPECT_EQ(control.run(u"MKDIR x"_s), kFine);
+}
+
 /// A verb, the reply to it, and whether "SEND" does well; the old page is whole whenever the new one is not there.
 TEST_F(BadServers, RefusedUploads) {
     struct Row {
