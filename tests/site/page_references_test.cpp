@@ -41,8 +41,7 @@ TEST(PageReferences, StandInAttributesStylesAndScripts) {
 TEST(PageReferences, StandInSettingsFiles) {
     expect_results(
         [](const QString& text) { return shown(text, script_references(text)); },
-        {u"this.item0 = 'Car';\rthis.url0 = '_4_My Car.htm';\rif (document.all) → _4_My Car.htm",
-         u"txtVoce1.Text = Car\r\nList1_0 = _4_Città.htm\r\nCheck1.Value = 0 → _4_Città.htm",
+        {u"txtVoce1.Text = Car\r\nList1_0 = _4_Città.htm\r\nCheck1.Value = 0 → _4_Città.htm",
          u"sPicLocal1 = C:\\no.gif\n//Sub 'no.htm'\nmyMenu[0] = new Array(\"L\",\"Car\",\"\",\"_4_Car.htm\") "
          u"→ _4_Car.htm"});
 }

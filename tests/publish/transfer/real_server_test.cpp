@@ -14,7 +14,6 @@ namespace pondera {
 using Kind = RealServer::Kind;
 
 struct Case {
-    const char* name;
     Kind kind;
     bool tls;
     QString protocol;
@@ -43,7 +42,6 @@ TEST_P(RealServers, AWebsitesWayUpAndBack) {
         control.inet.set_protection(ProtectionWish::kRequired);
     }
     ASSERT_EQ(control.run(u"MKDIR my media"_s), kFine) << control.inet.ResponseInfo().toStdString();
-    EXPECT_EQ(control.inet.RemoteFolder(), server.remote_root());
     EXPECT_EQ(control.inet.Protection().encrypted, is_protected);
     EXPECT_EQ(control.run(u"CD my media"_s), kFine);
     for (int round = 0; round < 2; ++round) {
@@ -107,12 +105,9 @@ TEST_P(RefusingServers, RefusalsAreTheServersWordsAndTheSessionStands) {
 INSTANTIATE_TEST_SUITE_P(All, RefusingServers, testing::Values(Kind::kVsftpd, Kind::kPyftpdlib, Kind::kAsyncssh));
 
 INSTANTIATE_TEST_SUITE_P(All, RealServers,
-                         testing::Values(Case{"vsftpd", Kind::kVsftpd, false, {}},
-                                         Case{"vsftpdTls", Kind::kVsftpd, true, u"TLSv1.2"_s},
-                                         Case{"pyftpdlib", Kind::kPyftpdlib, false, {}},
-                                         Case{"pyftpdlibTls", Kind::kPyftpdlib, true, u"TLSv1.2"_s},
-                                         Case{"asyncssh", Kind::kAsyncssh, false, u"SSH"_s}),
-                         [](const auto& info) { return info.param.name; });
+                         testing::Values(Case{Kind::kVsftpd, false, {}}, Case{Kind::kVsftpd, true, u"TLSv1.2"_s},
+                                         Case{Kind::kPyftpdlib, false, {}}, Case{Kind::kPyftpdlib, true, u"TLSv1.2"_s},
+                                         Case{Kind::kAsyncssh, false, u"SSH"_s}));
 
 TEST(RealServer, LoginsAndHosts) {
     const RealServer ftp(Kind::kPyftpdlib);
