@@ -39,7 +39,8 @@ const FtpReply* refusal(const FtpTalk& talk) {
 /// Whether a greeting for TLS failed because both sides have nothing in common, and not because the line broke in it.
 bool finds_no_protection(const CurlAnswer& answer) {
     // With these words libcurl has no fault of TLS to name, only one of the line.
-    const bool cut = answer.message.contains(u"SSL_connect: ") || answer.message.contains(u"unexpected eof");
+    const bool cut = answer.message.contains(u"SSL_connect: ") || answer.message.contains(u"unexpected eof") ||
+                     answer.message.startsWith(u"Recv failure: ") || answer.message.startsWith(u"Send failure: ");
     const FtpReply* const last = answer.talk.last();
     return !cut && last != nullptr && last->command == "AUTH";
 }
