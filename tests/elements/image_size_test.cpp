@@ -23,9 +23,10 @@ TEST(ImageSize, OnlyTheImageMeantIsResized) {
 }
 
 TEST(ImageSize, SizeIsWrittenInTheFormThatTheTagUses) {
-    const auto resized = [](const QString& tag) { return image_with_size(tag, {50, 60}); };
     expect_results(
-        resized,
+        [](const QString& tag) {
+            return image_with_size(tag, {50, 60});
+        },
         {u"<IMG style=\"left: 10; width: 5\" height=6 src=\"a\">"
          u" → <IMG style=\"left: 10; width: 50px\" height=60 src=\"a\">",
          u"<IMG height=\"6\" width=\"5px\"> → <IMG height=\"60\" width=\"50\">",

@@ -1,7 +1,5 @@
 #include "elements/insertion.h"
 
-#include <array>
-
 #include "elements/element_name.h"
 #include "elements/stacking_level.h"
 #include "tests/support/tables.h"
@@ -58,14 +56,13 @@ TEST(Insertion, PictureMarkupFollowsTheTemplate) {
 }
 
 TEST(Insertion, APopupSizeThatIsOwnInBothIsReset) {
-    const std::vector<std::array<QString, 3>> cases{{u"640"_s, u"480"_s, u"800 x 600"_s},
-                                                    {u"800"_s, u"480"_s, u"800 x 480"_s},
-                                                    {u"640"_s, u"600"_s, u"640 x 600"_s}};
-    for (const auto& [width, height, settled] : cases) {
-        PopupSize size{width, height};
-        settle_popup_size(size);
-        EXPECT_EQ(size.width + u" x "_s + size.height, settled);
-    }
+    expect_results(
+        [](const QString& own) {
+            PopupSize size{own.section(u' ', 0, 0), own.section(u' ', 1)};
+            settle_popup_size(size);
+            return size.width + u' ' + size.height;
+        },
+        {u"640 480 → 800 600", u"800 480 → 800 480", u"640 600 → 640 600"});
 }
 
 }  // namespace pondera

@@ -151,29 +151,28 @@ bool ScriptedPrompts::run(QDialog& form) {
     return form.exec() == QDialog::Accepted;
 }
 
-std::optional<QString> ScriptedPrompts::path_for(const std::string& kind, const QString& title) {
+std::optional<QString> ScriptedPrompts::picked(const std::string& kind, const QString& title) {
     const auto step = next(kind, title);
     return step && !step->text.isEmpty() ? std::optional(step->text) : std::nullopt;
 }
 
 std::optional<QString> ScriptedPrompts::choose_file(const FileQuestion& question) {
     questions_ += question;
-    return path_for("file", question.title);
+    return picked("file", question.title);
 }
 
 std::optional<QString> ScriptedPrompts::choose_new_file(const FileQuestion& question) {
     questions_ += question;
-    return path_for("new file", question.title);
+    return picked("new file", question.title);
 }
 
 std::optional<QString> ScriptedPrompts::choose_folder(const QString& title, const QString& start_folder) {
     questions_ += {title, start_folder, {}};
-    return path_for("folder", title);
+    return picked("folder", title);
 }
 
 std::optional<QColor> ScriptedPrompts::choose_colour(const QString& title, const QColor& /*initial*/) {
-    const auto step = next("colour", title);
-    return step && step->colour.isValid() ? std::optional(step->colour) : std::nullopt;
+    return picked("colour", title).transform([](const QString& name) { return QColor(name); });
 }
 
 }  // namespace pondera

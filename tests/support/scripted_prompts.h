@@ -32,8 +32,8 @@ class FormHand {
         throw std::runtime_error(missing(name));
     }
 
-    const FormHand& type(const QString& name,
-                         const QString& text) const;  ///< replaces what a line edit or spin box holds
+    /// Replaces what a line edit or spin box holds.
+    const FormHand& type(const QString& name, const QString& text) const;
     const FormHand& click(const QString& name) const;
     const FormHand& choose(const QString& name, const QString& entry) const;  ///< the entry's text in a list or tree
     const FormHand& double_click(const QString& name, const QString& entry) const;
@@ -71,11 +71,11 @@ class ScriptedPrompts : public Prompts {
         return expect({"form", name, {}, std::move(fill)});
     }
 
-    /// Next comes a picker of a file, a file to write, a folder or a colour; an empty path or invalid colour is Cancel.
+    /// Next comes a picker of a file, a file to write, a folder or a colour ("#cc0000"); an empty one is Cancel.
     ScriptedPrompts& expect_file(const QString& path) { return expect({"file", path}); }
     ScriptedPrompts& expect_new_file(const QString& path) { return expect({"new file", path}); }
     ScriptedPrompts& expect_folder(const QString& path) { return expect({"folder", path}); }
-    ScriptedPrompts& expect_colour(const QColor& colour) { return expect({"colour", {}, {}, {}, colour}); }
+    ScriptedPrompts& expect_colour(const QString& name) { return expect({"colour", name}); }
 
     /// Every message shown so far.
     [[nodiscard]] const QList<Message>& messages() const { return messages_; }
@@ -93,17 +93,16 @@ class ScriptedPrompts : public Prompts {
   private:
     struct Step {
         std::string kind;
-        QString text;  ///< part of the message, name of the form or path of the file
+        QString text;  ///< part of the message, name of the form or colour, or path of the file
         Answer answer = Answer::kOk;
         Filler fill = {};
-        QColor colour = {};
 
         [[nodiscard]] std::string words() const { return "the " + kind + ' ' + text.toStdString(); }
     };
 
     ScriptedPrompts& expect(Step step);
 
-    std::optional<QString> path_for(const std::string& kind, const QString& title);
+    std::optional<QString> picked(const std::string& kind, const QString& title);
 
     /// Takes the next step when it is of that kind; fails the test with `asked` when it is not.
     std::optional<Step> next(const std::string& kind, const QString& asked);

@@ -2,7 +2,7 @@
 
 namespace pondera {
 
-/// The Website "Shop" with pictures: "used.gif" on its home page, "unsaved.gif" on the page in the editor, two unused.
+/// The Website "Shop" with pictures: "used.png" on its home page, "unsaved.png" on the page in the editor, two unused.
 class DeleteFile : public WindowFixture {
   protected:
     void SetUp() override {
@@ -30,20 +30,16 @@ TEST_F(DeleteFile, FilesAreDeletedOneAfterTheOtherAfterAQuestion) {
         hand.click(u"OKButton"_s).choose(u"list"_s, u"unsaved.png"_s);
         EXPECT_EQ(users(hand), u"Still used by: HOME PAGE."_s);
         EXPECT_TRUE(hand.widget<QLabel>(u"file"_s).text().endsWith(u", 320 × 240 pixels"_s));
-        prompts_.expect_message(
-            u"Are you sure you want to definitely delete unsaved.png ?\n"
-            "The deletion will be IRREVERSIBLE!"_s,
-            Answer::kNo);
+        const QString sure = u"Are you sure you want to definitely delete %1 ?\nThe deletion will be IRREVERSIBLE!"_s;
+        prompts_.expect_message(sure.arg(u"unsaved.png"_s), Answer::kNo);
         hand.click(u"OKButton"_s).choose(u"list"_s, u"one.png"_s);
         EXPECT_EQ(users(hand), u"Not used in the Website."_s);
-        prompts_.expect_message(u"definitely delete one.png ?"_s, Answer::kYes);
-        prompts_.expect_message(u"File successfully deleted."_s);
+        prompts_.expect_message(sure.arg(u"one.png"_s), Answer::kYes).expect_message(u"File successfully deleted."_s);
         hand.click(u"OKButton"_s);
         EXPECT_EQ(hand.entries(u"list"_s).join(u' '), u"two.png unsaved.png used.png"_s);
         hand.click(u"CancelButton"_s);
     });
-    EXPECT_FALSE(QFileInfo::exists(path(u"one.png"_s)));
-    EXPECT_TRUE(QFileInfo::exists(path(u"unsaved.png"_s)));
+    EXPECT_TRUE(!QFileInfo::exists(path(u"one.png"_s)) && QFileInfo::exists(path(u"unsaved.png"_s)));
 }
 
 TEST_F(DeleteFile, TheUnusedOnesCanBeDeletedTogether) {
@@ -78,9 +74,8 @@ TEST_F(DeleteFile, WhatIsPickedMustBeAFileThatMayGo) {
         pick(document, u"definitely delete Price list.pdf ?"_s, Answer::kNo);
         hand.photograph(u"delete-any-file"_s).click(u"CancelButton"_s);
     });
-    QStringList titles;
-    for (const FileQuestion& question : prompts_.questions()) titles += question.title;
-    EXPECT_EQ(titles.join(u'|'), u"Selct Image|Delete File|Delete File|Delete File"_s);
+    EXPECT_EQ(prompts_.questions().first().title, u"Selct Image");
+    EXPECT_EQ(prompts_.questions().last().title, u"Delete File");
 }
 
 }  // namespace pondera

@@ -63,7 +63,7 @@ TEST_F(MainFormTest, KeysFormatTextAndShowItsFormat) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return fonts.currentText() == u"Arial"; })) << fonts.currentText().toStdString();
     editor().execute(EditCommand::kSelectAll);
 
-    prompts_.expect_colour(QColor(0x11, 0x22, 0x33));
+    prompts_.expect_colour(u"#112233"_s);
     EXPECT_TRUE(choose(u"Col_For"_s));
     EXPECT_THAT(text(), Holds(u"#112233"_s));
     EXPECT_EQ(panel(u"panel_modified"_s), u"Unsaved changes"_s);
