@@ -39,18 +39,13 @@ TEST(ElementName, APictureIsNeverTakenForAnElementOfTheProgram) {
 }
 
 TEST(Insertion, PictureMarkupFollowsTheTemplate) {
-    PictureInsertion picture{.page_text = u"<BODY><IMG style=\"Z-INDEX: 1004; LEFT: 1px\" name=myxphotoxjpg></BODY>"_s,
-                             .page_file = u"§_4_Holidays.htm"_s,
-                             .picture = u"media/img/my-photo.jpg"_s,
-                             .name_source = u"my photo.jpg"_s,
-                             .size = {}};
-    EXPECT_EQ(picture_markup(picture),
+    const auto markup = [](const QString& text, const QString& file, QSize size) {
+        return picture_markup({text, file, u"media/img/my-photo.jpg"_s, u"my photo.jpg"_s, size});
+    };
+    EXPECT_EQ(markup(u"<IMG style=\"Z-INDEX: 1004; LEFT: 1px\" name=myxphotoxjpg>"_s, u"§_4_Holidays.htm"_s, {}),
               u"<IMG name=\"myxphotoxjpg2\" style=\"Z-INDEX: 8305; LEFT: 10px; POSITION: absolute; TOP: 10px\" "
               "src=\"media/img/my-photo.jpg\">"_s);
-    picture.page_text = u"<BODY></BODY>"_s;
-    picture.page_file = u"§_x_Small.htm"_s;
-    picture.size = QSize(640, 480);
-    EXPECT_EQ(picture_markup(picture),
+    EXPECT_EQ(markup(u"<BODY></BODY>"_s, u"§_x_Small.htm"_s, QSize(640, 480)),
               u"<IMG name=\"myxphotoxjpg\" style=\"Z-INDEX: 1; LEFT: 0px; POSITION: absolute; TOP: 0px; WIDTH: 640px; "
               "HEIGHT: 480px\" src=\"media/img/my-photo.jpg\">"_s);
 }

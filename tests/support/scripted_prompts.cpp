@@ -162,12 +162,10 @@ std::optional<QString> ScriptedPrompts::choose_file(const FileQuestion& question
 }
 
 std::optional<QString> ScriptedPrompts::choose_new_file(const FileQuestion& question) {
-    questions_ += question;
     return picked("new file", question.title);
 }
 
-std::optional<QString> ScriptedPrompts::choose_folder(const QString& title, const QString& start_folder) {
-    questions_ += {title, start_folder, {}};
+std::optional<QString> ScriptedPrompts::choose_folder(const QString& title, const QString& /*start_folder*/) {
     return picked("folder", title);
 }
 

@@ -66,9 +66,11 @@ class ScriptedPrompts : public Prompts {
     }
 
     /// Next comes the form of that objectName; it is really shown, and `fill` works it until it closes. Messages that
-    /// the form shows meanwhile are the next steps.
-    ScriptedPrompts& expect_form(const QString& name, Filler fill) {
-        return expect({"form", name, {}, std::move(fill)});
+    /// the form shows meanwhile are the next steps; `told` are those to be confirmed.
+    ScriptedPrompts& expect_form(const QString& name, Filler fill, const QStringList& told = {}) {
+        expect({"form", name, {}, std::move(fill)});
+        for (const QString& part : told) expect_message(part);
+        return *this;
     }
 
     /// Next comes a picker of a file, a file to write, a folder or a colour ("#cc0000"); an empty one is Cancel.
@@ -80,7 +82,7 @@ class ScriptedPrompts : public Prompts {
     /// Every message shown so far.
     [[nodiscard]] const QList<Message>& messages() const { return messages_; }
 
-    /// Every picker's question so far.
+    /// Every question for a file so far.
     [[nodiscard]] const QList<FileQuestion>& questions() const { return questions_; }
 
     Answer message(const Message& message) override;
@@ -111,5 +113,13 @@ class ScriptedPrompts : public Prompts {
     QList<Message> messages_;
     QList<FileQuestion> questions_;
 };
+
+/// Types names into a form that asks for one, each confirmed with OK.
+inline ScriptedPrompts::Filler type_names(const QStringList& names) {
+    return [names](const FormHand& form) {
+        for (const QString& name : names)
+            form.type(u"txtName"_s, name).photograph(form.form().windowTitle()).click(u"OKButton"_s);
+    };
+}
 
 }  // namespace pondera

@@ -8,10 +8,7 @@ namespace pondera {
 TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     open(u"Lighthouse"_s);
     const QDir folder(workbench().website_folder());
-    const auto name_it = [](const QString& name, const QString& picture) {
-        return [=](const FormHand& form) { form.type(u"txtName"_s, name).photograph(picture).click(u"OKButton"_s); };
-    };
-    run_form(u"mnu_pag_new"_s, u"Frm_Nuova_Scheda"_s, name_it(u"Visits"_s, u"new-page"_s));
+    run_form(u"mnu_pag_new"_s, u"Frm_Nuova_Scheda"_s, type_names({u"Visits"_s}));
     ASSERT_EQ(page(), u"_4_Visits.htm"_s);
     run_told(u"aggiungi"_s, u"Would you like to add a page ?"_s, Answer::kYes);
     ASSERT_EQ(page(), u"_4_Visits_page1_.htm"_s);
@@ -27,7 +24,7 @@ TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     EXPECT_THAT(read(u"Lighthouse"_s, u"index.htm"_s), Holds(u"<A href=\"_4_Visits.htm\">"_s));
 
     ASSERT_TRUE(workbench().load(u"_4_Visits_page1_.htm"_s));
-    run_form(u"rinomina"_s, u"Frm_Nuova_Scheda"_s, name_it(u"Opening"_s, u"rename-page"_s));
+    run_form(u"rinomina"_s, u"Frm_Nuova_Scheda"_s, type_names({u"Opening"_s}));
     ASSERT_EQ(page(), u"_4_Opening_page1_.htm"_s);
     for (const QString& file : folder.entryList({u"*.htm"_s}, QDir::Files))
         EXPECT_FALSE((file + read(u"Lighthouse"_s, file)).contains(u"_4_Visits"_s)) << file.toStdString();
@@ -65,8 +62,7 @@ TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     const auto export_it = [&](const FormHand& form) {
         form.click(u"optFolder"_s).type(u"txtPath"_s, target.path()).photograph(u"export"_s).click(u"OKButton"_s);
     };
-    prompts_.expect_form(u"Frm_Esporta"_s, export_it).expect_message(u"Website exported to:"_s);
-    run(u"Esporta_Website"_s);
+    run_form(u"Esporta_Website"_s, u"Frm_Esporta"_s, export_it, {u"Website exported to:"_s});
     EXPECT_TRUE(target.exists(u"Lighthouse/_4_Opening.htm"_s) && target.exists(u"Lighthouse/media/img/Sea.jpg"_s));
     EXPECT_FALSE(target.exists(u"Lighthouse/§_4_Opening.htm"_s));
 

@@ -44,23 +44,20 @@ TEST_F(Tour, TheWebsiteIsPublishedOnAServerAndOnACdRom) {
         form.type(u"Nome_Host"_s, server.host()).type(u"user_id"_s, u"anonymous"_s).type(u"password"_s, u"secret"_s);
         publish(form.click(u"chkSalvaDati"_s), u"publish"_s);
     };
-    prompts_.expect_form(u"Frm_Connessione_Remota2"_s, first_time).expect_message(u"certificate"_s, Answer::kYes);
-    run(u"mnu_pubblica"_s);
+    prompts_.expect_form(u"Frm_Connessione_Remota2"_s, first_time);
+    run_told(u"mnu_pubblica"_s, u"certificate"_s, Answer::kYes);
     const QString site = server.path(u"Vantiles/Lighthouse"_s);
     EXPECT_EQ(contents(site), published());
 
     type_over(u"h1"_s, u"The lighthouse is open again"_s);
     ASSERT_TRUE(workbench().save());
-    ASSERT_NE(contents(site), published());
     run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s,
              [&](const FormHand& form) { publish(form, u"publish-again"_s); });
     EXPECT_EQ(contents(site), published());
 
     ASSERT_TRUE(film.remove());
-    prompts_
-        .expect_form(u"frm_player"_s, [](const FormHand& form) { form.photograph(u"cd-rom"_s).click(u"OKButton"_s); })
-        .expect_message(u"Creation successfully completed in"_s);
-    run(u"mnu_player"_s);
+    const auto make = [](const FormHand& form) { form.photograph(u"cd-rom"_s).click(u"OKButton"_s); };
+    run_form(u"mnu_player"_s, u"frm_player"_s, make, {u"Creation successfully completed in"_s});
     const QDir package(roots_.drive_root() + u"/Lighthouse Multimedia"_s);
     EXPECT_EQ(contents(package.filePath(u"Lighthouse"_s)), published());
     EXPECT_TRUE(QFileInfo(package.filePath(u"multimedia.exe"_s)).isExecutable());

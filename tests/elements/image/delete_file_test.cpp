@@ -16,9 +16,7 @@ class DeleteFile : public WindowFixture {
 
     [[nodiscard]] QString path(const QString& file) const { return shop(u"media/img/"_s + file); }
 
-    void delete_files(const ScriptedPrompts::Filler& fill) {
-        run_form(u"mnu_cancella_file"_s, u"Frm_Cancella_Imm"_s, fill);
-    }
+    void delete_files(const auto& fill) { run_form(u"mnu_cancella_file"_s, u"Frm_Cancella_Imm"_s, fill); }
 
     static QString users(const FormHand& hand) { return hand.widget<QLabel>(u"users"_s).text(); }
 };

@@ -97,6 +97,12 @@ TEST_F(History, ANewStepEndsWhatCouldBeRedone) {
         EXPECT_EQ(text(), u"<P>one</P>"_s);
     }
     EXPECT_FALSE(editor_.execute(EditCommand::kUndo));
+    const QString before = editor_.text();
+    type(u"x"_s);
+    paste(u"<b>y</b>"_s);
+    EXPECT_TRUE(editor_.execute(EditCommand::kUndo));
+    EXPECT_EQ(text(), u"<P>onex</P>"_s) << "what was typed is a step of its own";
+    undo_to(before);
 }
 
 TEST_F(History, BoxesKeepTheirBorders) {

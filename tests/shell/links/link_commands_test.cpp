@@ -136,8 +136,7 @@ TEST_F(LinkCommands, AnchorsAreNamedChangedAndRemoved) {
 TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
     write(u"Shop"_s, u"çindex.htm"_s,
           u"<p>x <a href=gone.htm>first</a> <a href=gone.htm>second</a> <img src=lost.gif></p>"_s);
-    const QString menu = shop(u"media/img/menu_items.js"_s);
-    ASSERT_TRUE(write_file(menu, "['x', '_4_Closed.htm']"));
+    ASSERT_TRUE(write_file(shop(u"media/img/menu_items.js"_s), "['x', '_4_Closed.htm']"));
     show_page(u"<p>one</p>"_s);
     change_page();
     run_told(u"mnu_link_rotti"_s, u"has unsaved changes"_s, Answer::kCancel);
@@ -148,17 +147,15 @@ TEST_F(LinkCommands, BrokenLinksAreListedAndShownOnTheirPages) {
         EXPECT_EQ(form.entries(u"broken_links"_s).join(u'|'), u"HOME PAGE|HOME PAGE|media/img/menu_items.js"_s);
         form.press(Qt::Key_Down).press(Qt::Key_Return);
     };
-    prompts_.expect_message(u"has unsaved changes"_s, Answer::kSave).expect_form(u"frm_link_rotti"_s, go_to_second);
-    choose(u"mnu_link_rotti"_s);
+    prompts_.expect_message(u"has unsaved changes"_s, Answer::kSave);
+    run_form(u"mnu_link_rotti"_s, u"frm_link_rotti"_s, go_to_second);
     EXPECT_EQ(page(), u"index.htm"_s);
     EXPECT_EQ(editor().selection().text, u"second"_s);
 
-    const auto go_to_menu = [](const FormHand& form) {
-        form.double_click(u"broken_links"_s, u"media/img/menu_items.js"_s);
-    };
-    prompts_.expect_form(u"frm_link_rotti"_s, go_to_menu)
-        .expect_message(u"stands in the file media/img/menu_items.js"_s);
-    choose(u"mnu_link_rotti"_s);
+    const QString file = u"media/img/menu_items.js"_s;
+    run_form(u"mnu_link_rotti"_s, u"frm_link_rotti"_s,
+             [&](const FormHand& form) { form.double_click(u"broken_links"_s, file); },
+             {u"stands in the file "_s + file});
 }
 
 }  // namespace pondera

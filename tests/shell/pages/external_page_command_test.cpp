@@ -41,12 +41,10 @@ TEST_F(ExternalPageCommand, ASavedPageBecomesAPageThatWorksAndStaysWhole) {
         form.type(u"txtName"_s, u"Trips"_s).click(u"OKButton"_s);
         form.type(u"txtName"_s, u"Seaside"_s).click(u"OKButton"_s);
     };
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, name)
-        .expect_message(u"the name of other pages of the Website"_s)
-        .expect_message(
-            u"are too many:\n./By%20the%20sea_files/gone.png\n../secret.png\n\nLinks to other pages and "
-            "files on this computer stay as they are and lead nowhere in the Website:\nother.html"_s);
-    ASSERT_TRUE(choose(u"mnu_pag_esterna"_s));
+    run_form(u"mnu_pag_esterna"_s, u"Frm_Nuova_Scheda"_s, name,
+             {u"the name of other pages of the Website"_s,
+              u"are too many:\n./By%20the%20sea_files/gone.png\n../secret.png\n\nLinks to other pages and "
+              "files on this computer stay as they are and lead nowhere in the Website:\nother.html"_s});
     EXPECT_EQ(page(), u"_y_Seaside.htm");
     EXPECT_FALSE(editor().modified());
 

@@ -69,14 +69,6 @@ class PageCommands : public WindowFixture {
     }
 };
 
-/// Types names one after the other; the last one is taken.
-static ScriptedPrompts::Filler type_names(const QStringList& names) {
-    return [names](const FormHand& form) {
-        form.photograph(form.form().windowTitle());
-        for (const QString& name : names) form.type(u"txtName"_s, name).click(u"OKButton"_s);
-    };
-}
-
 const auto kCancelled = [](const FormHand& form) { form.click(u"CancelButton"_s); };
 
 static ScriptedPrompts::Filler pick(const QString& entry) {
@@ -86,14 +78,11 @@ static ScriptedPrompts::Filler pick(const QString& entry) {
 TEST_F(PageCommands, ANewPageIsMadeNamedAndOpened) {
     change_page(u"unsaved"_s);
     run_told(u"mnu_pag_new"_s, u"unsaved changes"_s, Answer::kCancel);
-    prompts_.expect_message(u"unsaved changes"_s, Answer::kSave)
-        .expect_form(u"Frm_Nuova_Scheda"_s,
-                     type_names({u"ab"_s, u"My Clubs"_s, u"Trip"_s, u"Big boat"_s, u"Harbour.htm"_s}))
-        .expect_message(u"Choose a name with at least 3 characters"_s)
-        .expect_message(u"words used in Website name"_s)
-        .expect_message(u"words used in the name of other pages"_s)
-        .expect_message(u"Cancel the space after the name"_s);
-    choose(u"mnu_pag_new"_s);
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kSave);
+    run_form(u"mnu_pag_new"_s, u"Frm_Nuova_Scheda"_s,
+             type_names({u"ab"_s, u"My Clubs"_s, u"Trip"_s, u"Big boat"_s, u"Harbour.htm"_s}),
+             {u"Choose a name with at least 3 characters"_s, u"words used in Website name"_s,
+              u"words used in the name of other pages"_s, u"Cancel the space after the name"_s});
     EXPECT_EQ(page(), u"_4_Harbour.htm");
     EXPECT_TRUE(club(u"index.htm"_s).contains(u"unsaved"_s));
     EXPECT_TRUE(club(u"_4_Harbour.htm"_s).contains(u"<TITLE>Harbour</TITLE>"_s));
@@ -120,12 +109,11 @@ TEST_F(PageCommands, RenamingTakesLinksAndGroupAlong) {
     write(u"Club"_s, u"§_4_Boats.htm"_s, u"<A href=\"_4_Trips.htm#top\">t</A> <A href=\"_4_Tripsters.htm\">o</A>"_s);
     have_group();
     change_page(u"unsaved"_s);
-    run_form(u"mnu_rinomina_pagina"_s, u"Frm_Nuova_Scheda"_s, [this](const FormHand& form) {
+    const auto rename = [](const FormHand& form) {
         EXPECT_EQ(form.widget<QLineEdit>(u"txtName"_s).text(), u"Trips");
-        EXPECT_EQ(form.form().windowTitle(), u"Rename Page");
-        prompts_.expect_message(u"words used in the name of other pages"_s);
         type_names({u"Boat"_s, u"TripsAndMore"_s})(form);
-    });
+    };
+    run_form(u"mnu_rinomina_pagina"_s, u"Frm_Nuova_Scheda"_s, rename, {u"words used in the name of other pages"_s});
     EXPECT_EQ(page(), u"_4_TripsAndMore_page3_.htm");
     EXPECT_EQ(pages(),
               u"index.htm _4_Boats.htm _4_Prices.htm _4_TripsAndMore.htm _4_TripsAndMore_page1_.htm "
@@ -161,8 +149,7 @@ TEST_F(PageCommands, DeletingAsksInOrderAndCanBeLeftAtEachQuestion) {
     const QString list = u"frm_collegamento_popup"_s;
     prompts_.expect_message(kSure, Answer::kCancel);
     prompts_.expect_message(kSure).expect_form(list, kCancelled);
-    prompts_.expect_message(kSure).expect_form(list, pick(u"HOME PAGE"_s));
-    prompts_.expect_message(u"You cannot delete the file index.htm"_s);
+    prompts_.expect_message(kSure).expect_form(list, pick(u"HOME PAGE"_s), {u"You cannot delete the file index.htm"_s});
     prompts_.expect_message(kSure).expect_form(list, pick(u"Trips  ;  [page]"_s));
     prompts_.expect_message(kNoWayBack, Answer::kCancel);
     for (int n = 0; n < 4; ++n) choose(u"Erase_Vid"_s);
@@ -172,10 +159,8 @@ TEST_F(PageCommands, DeletingAsksInOrderAndCanBeLeftAtEachQuestion) {
 TEST_F(PageCommands, TheOpenPageGoesWithItsChangesAndAnotherIsShown) {
     load(u"_4_Trips.htm"_s);
     change_page();
-    prompts_.expect_message(kSure)
-        .expect_form(u"frm_collegamento_popup"_s, pick(u"Trips  ;  [page]"_s))
-        .expect_message(kNoWayBack)
-        .expect_message(kMedia, Answer::kNo);
+    prompts_.expect_message(kSure).expect_form(u"frm_collegamento_popup"_s, pick(u"Trips  ;  [page]"_s), {kNoWayBack});
+    prompts_.expect_message(kMedia, Answer::kNo);
     choose(u"Erase_Vid"_s);
     EXPECT_EQ(pages() + u' ' + page(), u"index.htm _4_Boats.htm _4_Prices.htm index.htm");
     EXPECT_EQ(club(u"§_4_Trips.htm"_s), u"");

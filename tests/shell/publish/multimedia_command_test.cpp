@@ -23,9 +23,8 @@ TEST_F(MultimediaCommand, SavesThePageAndMakesAPackageWhoseProgramsCanBeStarted)
                   u"The Multimedia is being created on Hard-Disk "_s + QDir::cleanPath(package()));
         form.photograph(u"multimedia"_s).click(u"OKButton"_s);
     };
-    prompts_.expect_form(u"frm_player"_s, confirm)
-        .expect_message(u"Creation successfully completed in '%1'"_s.arg(QDir::cleanPath(package())));
-    run(u"mnu_player"_s);
+    run_form(u"mnu_player"_s, u"frm_player"_s, confirm,
+             {u"Creation successfully completed in '%1'"_s.arg(QDir::cleanPath(package()))});
     for (const QString& page : {u"index.htm"_s, u"_4_New.htm"_s, u"_4_Trips.htm"_s})
         EXPECT_TRUE(QFileInfo::exists(package(u"Shop/"_s + page))) << page.toStdString();
     EXPECT_THAT(read_text_file(package(u"Shop/index.htm"_s))->text, Holds(u"my words"_s));
@@ -43,14 +42,13 @@ TEST_F(MultimediaCommand, TellsAllThatFailedAndCanBeTriedAgain) {
         EXPECT_TRUE(QFile::rename(autorun + u'x', autorun));
         form.click(u"OKButton"_s);
     };
-    prompts_.expect_form(u"frm_player"_s, twice)
-        .expect_message(u"Error occurred in the copy of file 'AUTORUN.INF': "_s + autorun + u" does not exist."_s)
-        .expect_message(u"Creation successfully completed"_s);
-    run(u"mnu_player"_s);
+    run_form(u"mnu_player"_s, u"frm_player"_s, twice,
+             {u"Error occurred in the copy of file 'AUTORUN.INF': "_s + autorun + u" does not exist."_s,
+              u"Creation successfully completed"_s});
 }
 
 TEST_F(MultimediaCommand, CancelWhileCopyingTakesTheNewPackageAway) {
-    prompts_.expect_form(u"frm_player"_s, [&](const FormHand& form) {
+    run_form(u"mnu_player"_s, u"frm_player"_s, [&](const FormHand& form) {
         auto& bar = form.widget<QProgressBar>(u"ProgressBar1"_s);
         QObject::connect(&bar, &QProgressBar::valueChanged, &bar, [&](int done) {
             if (done != 5) return;
@@ -59,7 +57,6 @@ TEST_F(MultimediaCommand, CancelWhileCopyingTakesTheNewPackageAway) {
         });
         form.click(u"OKButton"_s);
     });
-    run(u"mnu_player"_s);
     EXPECT_FALSE(QFileInfo::exists(package()));
 }
 

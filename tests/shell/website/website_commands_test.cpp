@@ -5,21 +5,10 @@
 
 namespace pondera {
 
-/// The main window with the models that the program ships.
-class WebsiteCommands : public WindowFixture {
-  protected:
-    void SetUp() override {
-        WindowFixture::SetUp();
-        have_shipped_files();
-    }
-};
-
-/// Fills the form that asks for the new Website's name.
-static ScriptedPrompts::Filler name_it(const QString& name) {
-    return [name](const FormHand& form) { form.type(u"txtName"_s, name).click(u"OKButton"_s); };
-}
+class WebsiteCommands : public WindowFixture {};
 
 TEST_F(WebsiteCommands, NewWebsiteIsMadeFromTheChosenModelAndOpened) {
+    have_shipped_files();
     const auto refused_names = [](const FormHand& form) {
         form.click(u"HelpButton"_s).click(u"OKButton"_s);
         form.type(u"txtName"_s, u"My Shop"_s).click(u"OKButton"_s);
@@ -30,14 +19,12 @@ TEST_F(WebsiteCommands, NewWebsiteIsMadeFromTheChosenModelAndOpened) {
         form.click(u"OKButton"_s).choose(u"list"_s, u"Interfaccia Store_Interface"_s).click(u"OKButton"_s);
     };
     const auto card = [](const FormHand& form) { form.click(u"OKButton"_s).double_click(u"list"_s, u"Card 2"_s); };
-    prompts_.expect_form(u"Frm_Nuovo"_s, refused_names)
-        .expect_message(u"help viewer"_s)
-        .expect_message(u"Choose a name with at least 3 characters and maximum 63"_s)
-        .expect_message(u"or Cancel the space after the name"_s)
-        .expect_form(u"Frm_Selezione_Iniziale"_s, model)
-        .expect_message(u"Select a model."_s)
-        .expect_form(u"Frm_Selezione_Iniziale1"_s, card)
-        .expect_message(u"Choose il tipo di scheda desiderato!"_s);
+    prompts_
+        .expect_form(u"Frm_Nuovo"_s, refused_names,
+                     {u"help viewer"_s, u"Choose a name with at least 3 characters and maximum 63"_s,
+                      u"or Cancel the space after the name"_s})
+        .expect_form(u"Frm_Selezione_Iniziale"_s, model, {u"Select a model."_s})
+        .expect_form(u"Frm_Selezione_Iniziale1"_s, card, {u"Choose il tipo di scheda desiderato!"_s});
     choose(u"Crea_Website"_s);
     EXPECT_EQ(workbench().website() + u'/' + page(), u"Bakery/index.htm");
     const QString text = editor().text();
@@ -46,18 +33,14 @@ TEST_F(WebsiteCommands, NewWebsiteIsMadeFromTheChosenModelAndOpened) {
 }
 
 TEST_F(WebsiteCommands, NewWebsiteLeftHalfWayLeavesNothing) {
-    const auto take_model = [](const FormHand& form) {
-        form.double_click(u"list"_s, u"Interfaccia Store_Interface"_s);
-    };
+    have_shipped_files();
+    const auto take = [](const FormHand& form) { form.double_click(u"list"_s, u"Interfaccia Store_Interface"_s); };
     const auto leave = [](const FormHand& form) { form.press(Qt::Key_Escape); };
-    prompts_.expect_form(u"Frm_Nuovo"_s, name_it(u"Bakery"_s))
-        .expect_form(u"Frm_Selezione_Iniziale"_s, take_model)
-        .expect_form(u"Frm_Selezione_Iniziale1"_s, leave);
-    choose(u"Crea_Website"_s);
+    prompts_.expect_form(u"Frm_Nuovo"_s, type_names({u"Bakery"_s})).expect_form(u"Frm_Selezione_Iniziale"_s, take);
+    run_form(u"Crea_Website"_s, u"Frm_Selezione_Iniziale1"_s, leave);
     EXPECT_FALSE(QFileInfo::exists(roots_.website(u"Bakery"_s)));
     EXPECT_EQ(workbench().website(), u"");
-    prompts_.expect_form(u"Frm_Nuovo"_s, name_it(u"Shop"_s)).expect_message(u"Name of the Website already used!"_s);
-    choose(u"Crea_Website"_s);
+    run_form(u"Crea_Website"_s, u"Frm_Nuovo"_s, type_names({u"Shop"_s}), {u"Name of the Website already used!"_s});
 }
 
 TEST_F(WebsiteCommands, OpenWebsiteByMouseAndKeys) {
@@ -65,11 +48,10 @@ TEST_F(WebsiteCommands, OpenWebsiteByMouseAndKeys) {
         EXPECT_EQ(form.entries(u"list"_s).join(u'|'), u"Empty|Shop");
         form.click(u"OKButton"_s).choose(u"list"_s, u"Shop"_s).press(Qt::Key_Up).press(Qt::Key_Return);
     };
-    prompts_.expect_form(u"Frm_Apri_nuovo"_s, by_keys).expect_message(u"Select a Progect!"_s);
-    choose(u"Apri_Website"_s);
+    run_form(u"Apri_Website"_s, u"Frm_Apri_nuovo"_s, by_keys, {u"Select a Progect!"_s});
     EXPECT_EQ(workbench().website(), u"Empty");
-    prompts_.expect_form(u"Frm_Apri_nuovo"_s, [](const FormHand& form) { form.double_click(u"list"_s, u"Shop"_s); });
-    choose(u"Apri_Website"_s);
+    run_form(u"Apri_Website"_s, u"Frm_Apri_nuovo"_s,
+             [](const FormHand& form) { form.double_click(u"list"_s, u"Shop"_s); });
     EXPECT_EQ(workbench().website(), u"Shop");
     EXPECT_EQ(recent_websites(settings_, roots_).join(u' '), u"Shop Empty");
 }

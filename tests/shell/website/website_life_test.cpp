@@ -8,14 +8,6 @@
 
 namespace pondera {
 
-/// Types one name after the other, each confirmed with OK.
-static ScriptedPrompts::Filler names(const QString& title, const QStringList& names) {
-    return [=](const FormHand& form) {
-        EXPECT_EQ(form.form().windowTitle(), title);
-        for (const QString& name : names) form.type(u"txtName"_s, name).photograph(title).click(u"OKButton"_s);
-    };
-}
-
 /// Presses OK at once, then chooses an entry of the list.
 static ScriptedPrompts::Filler pick(const QString& title, const QString& entries, const QString& entry) {
     return [=](const FormHand& form) {
@@ -45,11 +37,9 @@ TEST_F(WebsiteLife, ImportOffersWhatAFolderHoldsAndOpensIt) {
 
     for (const QString& name : {u"Bakery"_s, u"Garden"_s, u"_HELP"_s}) outside_website(name);
     outside_.put(u"Garden/papers/a.pdf"_s);
-    prompts_.expect_folder(outside_.path())
-        .expect_form(u"Frm_Apri_nuovo"_s, pick(u"Select a Website"_s, u"Bakery|Garden"_s, u"Garden"_s))
-        .expect_message(u"Select a Progect!"_s)
-        .expect_message(u"Website correctly copied in:\n"_s + roots_.website(u"Garden"_s));
-    choose(u"Importa_Website"_s);
+    prompts_.expect_folder(outside_.path());
+    run_form(u"Importa_Website"_s, u"Frm_Apri_nuovo"_s, pick(u"Select a Website"_s, u"Bakery|Garden"_s, u"Garden"_s),
+             {u"Select a Progect!"_s, u"Website correctly copied in:\n"_s + roots_.website(u"Garden"_s)});
     EXPECT_TRUE(prompts_.messages().last().text.endsWith(u"\npapers/"_s));
     EXPECT_EQ(workbench().website() + recent_websites(settings_, roots_).join(u' '), u"GardenGarden");
 }
@@ -62,18 +52,14 @@ TEST_F(WebsiteLife, ImportReplacesTheOpenWebsiteOnlyWhenAllIsAgreed) {
     const QString before = everything();
     prompts_.expect_folder(folder).expect_message(question, Answer::kNo);
     choose(u"Importa_Website"_s);
-    prompts_.expect_folder(folder)
-        .expect_message(question, Answer::kYes)
-        .expect_message(u"unsaved changes"_s, Answer::kCancel);
-    choose(u"Importa_Website"_s);
+    prompts_.expect_folder(folder).expect_message(question, Answer::kYes);
+    run_told(u"Importa_Website"_s, u"unsaved changes"_s, Answer::kCancel);
     EXPECT_EQ(everything(), before);
     EXPECT_TRUE(editor().modified());
 
-    prompts_.expect_folder(folder)
-        .expect_message(question, Answer::kYes)
-        .expect_message(u"unsaved changes"_s, Answer::kDiscard)
-        .expect_message(u"Website correctly copied in:"_s);
-    choose(u"Importa_Website"_s);
+    prompts_.expect_folder(folder).expect_message(question, Answer::kYes);
+    prompts_.expect_message(u"unsaved changes"_s, Answer::kDiscard);
+    run_told(u"Importa_Website"_s, u"Website correctly copied in:"_s);
     EXPECT_TRUE(editor().text().contains(u"new"_s));
     EXPECT_EQ(list_pages(shop()), QStringList({u"index.htm"_s}));
 }
@@ -81,11 +67,9 @@ TEST_F(WebsiteLife, ImportReplacesTheOpenWebsiteOnlyWhenAllIsAgreed) {
 TEST_F(WebsiteLife, SaveAsGoesOnInACopyThatHasWhatWasUnsaved) {
     open(u"Shop"_s);
     change_page(u"my words"_s);
-    prompts_.expect_form(u"Frm_Nuovo"_s, names(u"Save Website as"_s, {u"My Shop"_s, u"EMPTY"_s, u"Bakery"_s}))
-        .expect_message(u"or Cancel the space after the name"_s)
-        .expect_message(u"Name of the Website already used!"_s)
-        .expect_message(u"unsaved changes"_s, Answer::kSave);
-    choose(u"salva_con_nome2"_s);
+    prompts_.expect_form(u"Frm_Nuovo"_s, type_names({u"My Shop"_s, u"EMPTY"_s, u"Bakery"_s}),
+                         {u"or Cancel the space after the name"_s, u"Name of the Website already used!"_s});
+    run_told(u"salva_con_nome2"_s, u"unsaved changes"_s, Answer::kSave);
     EXPECT_EQ(workbench().website(), u"Bakery");
     EXPECT_FALSE(editor().modified());
     for (const QString& website : {u"Shop"_s, u"Bakery"_s})
@@ -109,8 +93,7 @@ TEST_F(WebsiteLife, DeletionAsksTwiceAndTheWindowForgetsTheWebsite) {
 
     ASSERT_TRUE(QDir(shop()).mkpath(u"papers"_s));
     prompts_.expect_message(first, Answer::kYes).expect_message(warning).expect_message(last, Answer::kYes);
-    prompts_.expect_message(u"\n\npapers/"_s);
-    choose(u"Erase_Proj"_s);
+    run_told(u"Erase_Proj"_s, u"\n\npapers/"_s);
     EXPECT_EQ(list_websites(roots_), QStringList({u"Empty"_s}));
     EXPECT_EQ(workbench().website(), u"");
     EXPECT_EQ(window_->findChild<QPushButton*>(u"recent_Shop"_s), nullptr);
@@ -123,17 +106,15 @@ TEST_F(WebsiteLife, ModelsAreSavedShownReplacedAndDeleted) {
     ASSERT_TRUE(create_website_folder(roots_, u"Bakery"_s));
     ASSERT_TRUE(fill_website(roots_, {u"Bakery"_s, u"Store_Interface"_s, 1}));
     open(u"Bakery"_s);
-    const QString naming = u"Name of Interface Model"_s;
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, names(naming, {u"store_interface"_s, u"Mine"_s}));
-    prompts_.expect_message(u"belongs to the program"_s).expect_message(u"Interface model saved:"_s);
-    choose(u"Salva_Modello"_s);
+    run_form(u"Salva_Modello"_s, u"Frm_Nuova_Scheda"_s, type_names({u"store_interface"_s, u"Mine"_s}),
+             {u"belongs to the program"_s, u"Interface model saved:"_s});
     const QImage shown(interface_model_preview(roots_, u"Mine"_s, 1));
     const QImage shipped(interface_model_preview(roots_, u"Store_Interface"_s, 1));
     ASSERT_EQ(shown.size(), shipped.size());
     for (const QPoint place : {QPoint(20, 20), QPoint(390, 150), QPoint(60, 300)})
         EXPECT_LT(std::abs(qGray(shown.pixel(place)) - qGray(shipped.pixel(place))), 40) << place.x();
 
-    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, names(naming, {u"MINE"_s}))
+    prompts_.expect_form(u"Frm_Nuova_Scheda"_s, type_names({u"MINE"_s}))
         .expect_message(u"The model Mine is already present. Do you want to replace it?"_s, Answer::kNo)
         .expect_form(u"Frm_Nuova_Scheda"_s, [](const FormHand& form) { form.press(Qt::Key_Escape); });
     choose(u"Salva_Modello"_s);
@@ -162,9 +143,8 @@ TEST_F(WebsiteLife, ExportAsksForAPlaceAndWritesWhatVisitorsGet) {
     prompts_.expect_form(u"Frm_Esporta"_s, folder)
         .expect_message(u"outside of the folder of your Websites"_s)
         .expect_message(u"is not empty"_s, Answer::kNo)
-        .expect_message(u"is not empty"_s, Answer::kYes)
-        .expect_message(u"Website exported to:\n"_s + outside_.path(u"Shop"_s));
-    choose(u"Esporta_Website"_s);
+        .expect_message(u"is not empty"_s, Answer::kYes);
+    run_told(u"Esporta_Website"_s, u"Website exported to:\n"_s + outside_.path(u"Shop"_s));
     EXPECT_EQ(QDir(outside_.path(u"Shop"_s)).entryList(QDir::Files).join(u' '),
               u"_4_New.htm _4_Trips.htm _x_Map.htm index.htm mine.txt");
     EXPECT_TRUE(outside_.bytes(u"Shop/index.htm"_s).contains("my words"));
@@ -176,8 +156,8 @@ TEST_F(WebsiteLife, ExportAsksForAPlaceAndWritesWhatVisitorsGet) {
         EXPECT_EQ(form.widget<QLineEdit>(u"txtPath"_s).text(), outside_.path(u"Shop.zip"_s));
         form.click(u"cmdBrowse"_s).click(u"OKButton"_s);
     };
-    prompts_.expect_form(u"Frm_Esporta"_s, archive).expect_new_file(zip).expect_message(u"Website exported to:"_s);
-    choose(u"Esporta_Website"_s);
+    prompts_.expect_form(u"Frm_Esporta"_s, archive).expect_new_file(zip);
+    run_told(u"Esporta_Website"_s, u"Website exported to:"_s);
     EXPECT_TRUE(outside_.bytes(u"site.zip"_s).startsWith("PK"));
 }
 

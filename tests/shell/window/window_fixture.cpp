@@ -56,8 +56,9 @@ void WindowFixture::run(const QString& action) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return choose(action); })) << action.toStdString();
 }
 
-void WindowFixture::run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill) {
-    prompts_.expect_form(form, fill);
+void WindowFixture::run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill,
+                             const QStringList& told) {
+    prompts_.expect_form(form, fill, told);
     run(action);
 }
 

@@ -48,7 +48,8 @@ class WindowFixture : public testing::Test {
 
     bool choose(const QString& action);  ///< false when the command is disabled
     void run(const QString& action);     ///< chooses a command as soon as the menu offers it
-    void run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill);
+    void run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill,
+                  const QStringList& told = {});
     void run_told(const QString& action, const QString& message, Answer answer = Answer::kOk);
     void click_in_tree(const QString& page);
     void change_page(const QString& text = QStringLiteral("changed"));  ///< an unsaved change
