@@ -69,13 +69,11 @@ TEST(PublishedPage, PositionedElementsAreNormalisedAndReservedOnesStay) {
 TEST(PublishedPage, ReportsWhatIsNotClosed) {
     const QString anchor = u"ERROR: </A> not found!"_s;
     const QString image = u"ERROR NOT FOUND: >"_s;
-    const std::vector<std::pair<QString, QStringList>> cases{
-        {u"<A href=\"a\">1</A><A href=\"b\"><IMG src=\"c\"></A>"_s, {}},
-        {u"<A href=\"a\">1<A href=\"b\">2</A><A href=\"c\">3"_s, {anchor}},
-        {u"<A href=\"a\"><IMG src=\"b\" <P>text</P>"_s, {image, anchor}},
-        {u"<TITLE>All of <A></TITLE><TEXTAREA><A href=x></TEXTAREA><!--><A href=x></A>"_s, {}},
-    };
-    for (const auto& [text, reports] : cases) {
+    for (const auto& [text, reports] :
+         {std::pair{u"<A href=\"a\">1</A><A href=\"b\"><IMG src=\"c\"></A>"_s, QStringList()},
+          {u"<A href=\"a\">1<A href=\"b\">2</A><A href=\"c\">3"_s, {anchor}},
+          {u"<A href=\"a\"><IMG src=\"b\" <P>text</P>"_s, {image, anchor}},
+          {u"<TITLE>All of <A></TITLE><TEXTAREA><A href=x></TEXTAREA><!--><A href=x></A>"_s, {}}}) {
         EXPECT_EQ(convert(text).reports, reports);
         EXPECT_EQ(convert(text).text, text);
     }

@@ -61,13 +61,11 @@ TEST_F(DocumentText, PiecesOfServerScriptComeBackToTheLetter) {
 
 TEST_F(DocumentText, RefusesWhatIsNoPageAndKeepsTheOneItHas) {
     load(u"<body>kept</body>"_s);
-    const std::vector<std::pair<QByteArray, FaultNumber>> cases{
-        {QByteArray("<html><frameset cols=*><frame src=a.htm></frameset></html>"), FaultNumber::kFrameset},
-        {QByteArray("<%@ page %><% for (;;) { out.print(\"rather long\"); } %><p>a</p>"), FaultNumber::kServerScript},
-        {QByteArray("GIF89a\0\0\1", 9), FaultNumber::kBinary},
-        {QByteArray(50 * 1024 * 1024, ' '), FaultNumber::kTooLarge},
-    };
-    for (const auto& [bytes, fault] : cases) {
+    for (const auto& [bytes, fault] :
+         {std::pair{QByteArray("<html><frameset cols=*><frame src=a.htm></frameset></html>"), FaultNumber::kFrameset},
+          {"<%@ page %><% for (;;) { out.print(\"rather long\"); } %><p>a</p>", FaultNumber::kServerScript},
+          {QByteArray("GIF89a\0\0\1", 9), FaultNumber::kBinary},
+          {QByteArray(50 * 1024 * 1024, ' '), FaultNumber::kTooLarge}}) {
         ASSERT_TRUE(write_file(path(u"bad.htm"_s), bytes));
         const auto loaded = editor_.load_document(path(u"bad.htm"_s));
         ASSERT_FALSE(loaded);

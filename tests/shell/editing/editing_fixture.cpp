@@ -40,13 +40,8 @@ void EditingFixture::load_selected(const QString& markup) {
     settle();
 }
 
-void EditingFixture::click(QPoint place) {
-    QTest::mouseClick(&view(), Qt::LeftButton, {}, place);
-    settle();
-}
-
-void EditingFixture::double_click(QPoint place) {
-    click_quickly(view(), place, 2);
+void EditingFixture::click(QPoint place, int times) {
+    click_quickly(view(), place, times);
     settle();
 }
 

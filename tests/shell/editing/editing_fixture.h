@@ -37,8 +37,7 @@ class EditingFixture : public testing::Test {
         EXPECT_EQ(editor_.text(), before);
     }
 
-    void click(QPoint place);
-    void double_click(QPoint place);
+    void click(QPoint place, int times = 1);
     void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {});
     void move_mouse(QPoint place, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {});
     void type(const QString& text);

@@ -1,4 +1,3 @@
-#include "shell/site_tree.h"
 #include "site/website_creation.h"
 #include "site/website_listing.h"
 #include "tests/shell/window/window_fixture.h"
@@ -45,20 +44,15 @@ class PageCommands : public WindowFixture {
         prompts_.expect_message(kSure).expect_message(kNoWayBack).expect_message(kMedia, media);
     }
 
-    SiteTree& tree() { return find<SiteTree>(u"TreeView1"_s); }
-    QTreeWidgetItem* in_tree(const QString& text) {
-        return tree().findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
-    }
-
     void press_in_tree(const QString& text, Qt::Key key) {
-        tree().setCurrentItem(in_tree(text));
+        tree().setCurrentItem(&in_tree(text));
         QTest::keyClick(&tree(), key);
     }
 
     /// The commands of the tree's menu at an item, a disabled one in brackets.
     QString tree_menu(const QString& text) {
         delete window_->findChild<QMenu*>(u"tree_menu"_s);
-        const QPoint position = tree().visualItemRect(in_tree(text)).center();
+        const QPoint position = tree().visualItemRect(&in_tree(text)).center();
         QContextMenuEvent event(QContextMenuEvent::Mouse, position, tree().viewport()->mapToGlobal(position));
         QCoreApplication::sendEvent(tree().viewport(), &event);
         QStringList names;
@@ -120,7 +114,7 @@ TEST_F(PageCommands, RenamingTakesLinksAndGroupAlong) {
               "_4_TripsAndMore_page2_.htm _4_TripsAndMore_page3_.htm");
     EXPECT_TRUE(club(u"§_4_Boats.htm"_s).contains(u"\"_4_TripsAndMore.htm#top\">t</A> <A href=\"_4_Tripsters.htm\""_s));
     EXPECT_TRUE(club(u"_4_TripsAndMore_page3_.htm"_s).contains(u"unsaved"_s));
-    EXPECT_EQ(SiteTree::page_of(*tree().currentItem()), page());
+    EXPECT_EQ(chosen_in_tree(), page());
 }
 
 TEST_F(PageCommands, RenamingIsRefusedOrDoesNothing) {

@@ -1,5 +1,3 @@
-#include "shell/site_tree.h"
-
 #include "tests/shell/window/window_fixture.h"
 
 namespace pondera {
@@ -16,14 +14,6 @@ class SiteTreeTest : public WindowFixture {
 
     void have(const QStringList& pages) {
         for (const QString& page : pages) write(u"Shop"_s, page, u"x"_s);
-    }
-
-    SiteTree& tree() { return find<SiteTree>(u"TreeView1"_s); }
-
-    QTreeWidgetItem& item(const QString& text) {
-        const auto found = tree().findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-        if (found.size() != 1) throw std::runtime_error("no item " + text.toStdString());
-        return *found.first();
     }
 
     /// The items in view as lines, those deeper behind more dots; the current page in asterisks.
@@ -46,20 +36,20 @@ TEST_F(SiteTreeTest, FollowingPagesStandUnderTheFirstOfTheirGroup) {
 }
 
 TEST_F(SiteTreeTest, WhatIsFoldedAndChosenOutlastsARefresh) {
-    item(u"Tour"_s).setExpanded(false);
-    item(u"Popups"_s).setExpanded(false);
+    in_tree(u"Tour"_s).setExpanded(false);
+    in_tree(u"Popups"_s).setExpanded(false);
     click_in_tree(u"_4_Trips.htm"_s);
-    tree().setCurrentItem(&item(u"Outside"_s));
+    tree().setCurrentItem(&in_tree(u"Outside"_s));
     have({u"_4_About.htm"_s, u"_4_Tour_page11_.htm"_s});
     workbench().refresh_tree();
     EXPECT_EQ(shown(),
               u"Shop .HOME PAGE ..page 1 .Pages ..About ..Lost_page3_ ..Tour ..*Trips* .External web pages "
               "..Outside .Popups");
-    EXPECT_EQ(SiteTree::page_of(*tree().currentItem()), u"_y_Outside.htm");
+    EXPECT_EQ(chosen_in_tree(), u"_y_Outside.htm");
 
     ASSERT_TRUE(workbench().load(u"_4_Tour_page2_.htm"_s));
-    EXPECT_TRUE(item(u"Tour"_s).isExpanded()) << "the current page is in view";
-    EXPECT_EQ(SiteTree::page_of(*tree().currentItem()), u"_4_Tour_page2_.htm");
+    EXPECT_TRUE(in_tree(u"Tour"_s).isExpanded()) << "the current page is in view";
+    EXPECT_EQ(chosen_in_tree(), u"_4_Tour_page2_.htm");
 }
 
 TEST_F(SiteTreeTest, FollowsWhatOtherProgramsDo) {

@@ -117,8 +117,6 @@ TEST_F(PublishDialog, WrongLoginsAreToldInPlainWords) {
         EXPECT_EQ(form.form().focusWidget()->objectName(), u"password");
         log_in(form, u"127.0.0.1:1"_s);
         EXPECT_TRUE(text(form, u"lblHint"_s).startsWith(u"The server cannot be reached."_s));
-        log_in(form, u"http://x"_s);
-        EXPECT_TRUE(text(form, u"lblHint"_s).contains(u"ftp.example.org"_s));
         form.type(u"Nome_Host"_s, server.host()).type(u"txtSito"_s, u"../x"_s);
         prompts_.expect_message(u"There can be no folder"_s);
         form.click(u"Collegati"_s);

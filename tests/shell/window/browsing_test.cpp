@@ -1,5 +1,4 @@
 #include "shell/browsing_rules.h"
-#include "shell/site_tree.h"
 #include "shell/web_browser.h"
 #include "tests/shell/window/window_fixture.h"
 #include "tests/support/opened_addresses.h"
@@ -97,7 +96,7 @@ TEST_F(BrowseTest, APageThatIsFollowedBecomesThePageUnderEdit) {
     follow(u"trips"_s);
     wait_for(u"_4_Trips.htm"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return page() == u"_4_Trips.htm"; }));
-    EXPECT_EQ(SiteTree::page_of(*find<SiteTree>(u"TreeView1"_s).currentItem()), u"_4_Trips.htm");
+    EXPECT_EQ(chosen_in_tree(), u"_4_Trips.htm");
     edit();
     EXPECT_FALSE(workbench().browsing());
     EXPECT_TRUE(editor().text().contains(u"Trips to the sea"_s));

@@ -18,24 +18,23 @@ class LongWork : public WindowFixture {
         return 80;
     }
 
-    /// Puts an event into the queue, as the system does.
-    template <typename Event, typename... Arguments>
-    static void post(QWidget& to, Arguments... arguments) {
-        QCoreApplication::postEvent(&to, new Event(arguments...));
+    /// Both put events into the queue, as the system does.
+    static void press(QWidget& to, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QCoreApplication::postEvent(&to, new QKeyEvent(QEvent::KeyPress, key, modifiers));
     }
 
-    void click(QWidget& widget) {
+    static void click(QWidget& widget) {
         const QPointF place = widget.rect().center();
         for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-            post<QMouseEvent>(widget, type, place, widget.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                              Qt::NoModifier);
+            QCoreApplication::postEvent(&widget, new QMouseEvent(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+                                                                 Qt::LeftButton, Qt::NoModifier));
     }
 };
 
 TEST_F(LongWork, IsCancelledByEscOrTheButtonAndByNothingElse) {
     open(u"Shop"_s);
     auto& cancel = find<QToolButton>(u"cmd_cancel"_s);
-    const auto escape = [this] { post<QKeyEvent>(*window_, QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier); };
+    const auto escape = [this] { press(*window_, Qt::Key_Escape); };
     const auto button = [&] { click(cancel); };
     EXPECT_LT(steps_done(Cancelling::kYes, escape), 80);
     EXPECT_LT(steps_done(Cancelling::kYes, button), 80);
@@ -48,7 +47,7 @@ TEST_F(LongWork, IsCancelledByEscOrTheButtonAndByNothingElse) {
     const auto close_it = [&] {
         EXPECT_TRUE(panels() == u"Import|in progress..." && find<QProgressBar>(u"ProgressBar1"_s).value() > 0);
         click(*find<QTreeWidget>(u"TreeView1"_s).viewport());
-        post<QKeyEvent>(*window_, QEvent::KeyPress, Qt::Key_Q, Qt::ControlModifier);
+        press(*window_, Qt::Key_Q, Qt::ControlModifier);
         window_->close();
     };
     EXPECT_EQ(steps_done(Cancelling::kYes, close_it), 80);

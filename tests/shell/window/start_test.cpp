@@ -19,17 +19,14 @@ TEST(Start, BrowserVersions) {
 class StartTest : public WindowFixture {};
 
 TEST_F(StartTest, AnUnsupportedVersionShowsAMessageInsteadOfThePage) {
-    const auto open_with = [&](const QString& version) {
+    prompts_.expect_message(u"The Internet Explorer version installed is out of date."_s)
+        .expect_form(u"frmUpdate"_s, [](const FormHand& form) { form.photograph(u"update"_s).click(u"OKButton"_s); });
+    for (const QString& version : {u"5.0"_s, u"8.0"_s}) {
         settings_.setValue("Version"_L1, version);
         start();
         EXPECT_FALSE(workbench().open_website(u"Shop"_s));
         EXPECT_EQ(page(), QString());
-    };
-    prompts_.expect_message(u"The Internet Explorer version installed is out of date."_s);
-    open_with(u"5.0"_s);
-    prompts_.expect_form(u"frmUpdate"_s,
-                         [](const FormHand& form) { form.photograph(u"update"_s).click(u"OKButton"_s); });
-    open_with(u"8.0"_s);
+    }
 }
 
 TEST_F(StartTest, TheWizardOpensOnceAndKeepsItsSetting) {
@@ -44,10 +41,9 @@ TEST_F(StartTest, TheWizardOpensOnceAndKeepsItsSetting) {
 
 TEST_F(StartTest, SettingsAreWrittenOnOkOnly) {
     for (const auto& [button, written] : {std::pair{u"CancelButton"_s, false}, {u"OKButton"_s, true}}) {
-        prompts_.expect_form(u"frmSettings"_s, [&](const FormHand& form) {
+        run_form(u"mnu_settings"_s, u"frmSettings"_s, [&](const FormHand& form) {
             form.click(u"chkWizard"_s).click(u"chkAutomaticHelp"_s).photograph(u"settings"_s).click(button);
         });
-        choose(u"mnu_settings"_s);
         EXPECT_EQ(wizard_at_start(settings_), !written);
         EXPECT_EQ(automatic_help(settings_), written);
     }

@@ -1,6 +1,5 @@
 #include "tests/shell/window/window_fixture.h"
 
-#include "shell/site_tree.h"
 #include "site/first_start.h"
 #include "site/page_name.h"
 
@@ -67,11 +66,16 @@ void WindowFixture::run_told(const QString& action, const QString& message, Answ
     run(action);
 }
 
+QTreeWidgetItem& WindowFixture::in_tree(const QString& text) {
+    const auto found = tree().findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.size() != 1) throw std::runtime_error("no item " + text.toStdString());
+    return *found.first();
+}
+
 void WindowFixture::click_in_tree(const QString& page) {
-    auto& tree = find<SiteTree>(u"TreeView1"_s);
-    for (QTreeWidgetItemIterator item(&tree); *item != nullptr; ++item) {
+    for (QTreeWidgetItemIterator item(&tree()); *item != nullptr; ++item) {
         if (SiteTree::page_of(**item) != page) continue;
-        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(*item).center());
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(*item).center());
         return;
     }
     FAIL() << "the tree shows no " << page.toStdString();

@@ -13,6 +13,7 @@
 #include "base/text_file.h"
 #include "shell/editing/dhtml_edit.h"
 #include "shell/main_form.h"
+#include "shell/site_tree.h"
 #include "tests/support/page_hand.h"
 #include "tests/support/scripted_prompts.h"
 
@@ -51,6 +52,9 @@ class WindowFixture : public testing::Test {
     void run_form(const QString& action, const QString& form, const ScriptedPrompts::Filler& fill,
                   const QStringList& told = {});
     void run_told(const QString& action, const QString& message, Answer answer = Answer::kOk);
+    SiteTree& tree() { return find<SiteTree>(QStringLiteral("TreeView1")); }
+    QTreeWidgetItem& in_tree(const QString& text);
+    QString chosen_in_tree() { return SiteTree::page_of(*tree().currentItem()); }
     void click_in_tree(const QString& page);
     void change_page(const QString& text = QStringLiteral("changed"));  ///< an unsaved change
 

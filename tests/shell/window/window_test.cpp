@@ -1,4 +1,3 @@
-#include "shell/site_tree.h"
 #include "shell/toolbar.h"
 #include "tests/shell/window/window_fixture.h"
 
@@ -105,17 +104,16 @@ TEST_F(MainFormTest, TheFontFormChangesOnlyWhatWasChosen) {
 
 TEST_F(MainFormTest, AClickInTheTreeLoadsThePageOrKeepsTheOneBefore) {
     open(u"Shop"_s);
-    auto& tree = find<SiteTree>(u"TreeView1"_s);
     click_in_tree(u"_x_Map.htm"_s);
     EXPECT_EQ(page(), u"_x_Map.htm");
     EXPECT_EQ(panel(u"panel_page"_s), u"Map  [popup]"_s);
-    EXPECT_EQ(SiteTree::page_of(*tree.currentItem()), u"_x_Map.htm");
+    EXPECT_EQ(chosen_in_tree(), u"_x_Map.htm");
 
     for (const QString& file : {u"/§_4_Trips.htm"_s, u"/_4_Trips.htm"_s}) QFile::remove(shop() + file);
     prompts_.expect_message(u"Error occurred while downloading the document: "_s);
     click_in_tree(u"_4_Trips.htm"_s);
     EXPECT_EQ(page(), u"_x_Map.htm") << "what cannot be loaded leaves the page before";
-    EXPECT_EQ(SiteTree::page_of(*tree.currentItem()), u"_x_Map.htm");
+    EXPECT_EQ(chosen_in_tree(), u"_x_Map.htm");
 }
 
 TEST_F(MainFormTest, UnsavedChangesAreAskedAboutBeforeTheyWouldBeLost) {
