@@ -69,7 +69,9 @@ void publish_all(PublishedShop& shop, int files, RealServer::Kind kind, bool tls
         const RealServer server(kind, tls);
         shop.forget();
         const PublicationTime time = shop.publish(server.host(), tls, PublicationMode::kTotal);
-        if (!went_well(time, files) || files_in(server, u"Vantiles/Shop"_s) != files) return;
+        if (!went_well(time, files)) return;
+        if (files_in(server, u"Vantiles/Shop"_s) != files)
+            return void(std::printf("  FAILED: the server holds others\n"));
         if (time.on_line < ours.on_line) ours = time;
         const QString root = server.remote_root() + u'/';
         plainly = std::min(plainly, mirror(server.host(), root + u"lftp"_s, shop.folder(), protection(tls)));
