@@ -165,7 +165,13 @@ TransferResult<void> CurlRemoteSession::make_way(const QString& whole, const QSt
         return std::unexpected(refusal);
     }
     const TransferResult<void> result = change(RemoteChange::kRename, ready, path);
-    if (result) renaming_ = Renaming::kToFreeNames;
+    if (result) {
+        renaming_ = Renaming::kToFreeNames;
+    } else if (result.error().code == kServerAnsweredError) {
+        // The old file is gone, and visitors must not be left without one.
+        renaming_ = Renaming::kNever;
+        discard(ready);
+    }
     return result;
 }
 

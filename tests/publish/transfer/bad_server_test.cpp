@@ -100,10 +100,7 @@ TEST_F(BadServers, AConnectionThatBreaksForEverEndsTheCommand) {
     EXPECT_EQ(send(), kConnectionEnded);
     EXPECT_EQ(control.inet.ResponseInfo(), u"421 no"_s);
     EXPECT_EQ(server.sessions, 4);
-    server.instead = [](const QByteArray& line) -> std::optional<QByteArray> {
-        if (line == "PASV") return "227 entering (127,0,0,1,0,1)";
-        return line == "EPSV" ? std::optional<QByteArray>("500 what?") : std::nullopt;
-    };
+    server.replies = {{"EPSV", "500 what?"}, {"PASV", "227 entering (127,0,0,1,0,1)"}};
     EXPECT_EQ(send(), kConnectionEnded);
     EXPECT_EQ(control.inet.ResponseInfo(), u"The server answers, but no connection for files can be made."_s);
 }
@@ -126,10 +123,10 @@ TEST_F(BadServers, RefusedUploads) {
         QByteArray verb, reply;
         bool fine;
     };
-    for (const Row& row :
-         {Row{"STOR /home/pnd", "552 full", false}, Row{"STOR", "550 no", false},
-          Row{"STOR /home/pnd", "553 no such names", true}, Row{"EPSV", "500 what?", true},
-          Row{"FEAT", "500 what?", true}, Row{"RNFR", "550 no renaming", true}, Row{"RNTO", "550 no renaming", true}}) {
+    for (const Row& row : {Row{"STOR /home/pnd", "552 full", false}, Row{"STOR", "550 no", false},
+                           Row{"STOR /home/pnd", "553 no such names", true}, Row{"EPSV", "500 what?", true},
+                           Row{"FEAT", "500 what?", true}, Row{"RNFR", "550 no renaming", true},
+                           Row{"RNTO", "550 no renaming", true}, Row{"RNTO /home/page", "550 not so", true}}) {
         SCOPED_TRACE((row.verb + row.reply).toStdString());
         server.files = {{"/home/page.htm", "old"}};
         server.replies = {{row.verb, row.reply}};
