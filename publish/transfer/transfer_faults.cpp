@@ -95,9 +95,10 @@ TransferFault broken(ResponseNumber number) {
     return result;
 }
 
-TransferFault cut_each_time() {
+TransferFault cut_each_time(bool upwards) {
     return {.code = kServerAnsweredError,
-            .text = u"There may be no room left for it: the server broke it off each time."_s,
+            .text = upwards ? u"There may be no room left for it: the server broke it off each time."_s
+                            : u"The server broke it off each time."_s,
             .file_cut = true};
 }
 

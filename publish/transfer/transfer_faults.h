@@ -19,8 +19,8 @@ struct TransferFault {
 template <typename T>
 using TransferResult = std::expected<T, TransferFault>;
 
-/// The fault when every new connection broke in the same file.
-[[nodiscard]] TransferFault cut_each_time();
+/// The fault when every new connection broke in the same file, which was on its way up or down.
+[[nodiscard]] TransferFault cut_each_time(bool upwards);
 
 /// What an answer means: nothing when the request went well and the server refused none of its commands, else the
 /// fault.

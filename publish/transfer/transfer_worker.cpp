@@ -91,7 +91,7 @@ void TransferWorker::tell_states() {
 TransferOutcome TransferWorker::outcome_of(const TransferJob& job) {
     renew_session(job);
     TransferOutcome outcome;
-    const TransferResult<void> result = with_retries([&] { return attempt(job, outcome.listing); });
+    const TransferResult<void> result = with_retries(job, outcome.listing);
     if (!result) {
         if (result.error().file_cut && !result.error().broken) remove_left_over(job);
         outcome.code = result.error().code;
@@ -108,21 +108,21 @@ void TransferWorker::remove_left_over(const TransferJob& job) {
     std::ignore = session_->remove_file(temporary_beside(resolve_remote(folder_, job.command.remote)));
 }
 
-TransferResult<void> TransferWorker::with_retries(const std::function<TransferResult<void>()>& work) {
-    TransferResult<void> result = work();
+TransferResult<void> TransferWorker::with_retries(const TransferJob& job, RemoteListing& listing) {
+    TransferResult<void> result = attempt(job, listing);
     const TransferResult<void> first = result;
     for (const std::chrono::milliseconds wait : waits_.retries) {
         // A server that was never reached may as well have been mistyped: nobody waits for that twice.
         if (result || !result.error().broken || !session_->was_open()) break;
         session_->drop();
         if (!interruption_.wait(wait)) return std::unexpected(fault(kCancelled));
-        result = work();
+        result = attempt(job, listing);
     }
     if (result || !result.error().broken) return result;
     session_->drop();
     // A full server says so behind the break, where libcurl does not listen any more. The rest may find room.
     if (first.error().file_cut && result.error().file_cut && !waits_.retries.empty())
-        return std::unexpected(cut_each_time());
+        return std::unexpected(cut_each_time(job.command.verb == TransferVerb::kSend));
     // How the connection broke says more than how it could not be built again.
     return first;
 }

@@ -51,7 +51,7 @@ class TransferWorker {
     void tell_states();
     void remove_left_over(const TransferJob& job);
     [[nodiscard]] TransferResult<void> attempt(const TransferJob& job, RemoteListing& listing);
-    [[nodiscard]] TransferResult<void> with_retries(const std::function<TransferResult<void>()>& work);
+    [[nodiscard]] TransferResult<void> with_retries(const TransferJob& job, RemoteListing& listing);
     [[nodiscard]] TransferResult<void> get(const TransferJob& job, const QString& path);
 
     TransferWaits waits_;

@@ -8,7 +8,10 @@ namespace pondera {
 TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     open(u"Lighthouse"_s);
     const QDir folder(workbench().website_folder());
-    run_form(u"mnu_pag_new"_s, u"Frm_Nuova_Scheda"_s, type_names({u"Visits"_s}));
+    const auto name_it = [](const QString& name, const QString& picture) {
+        return [=](const FormHand& form) { form.type(u"txtName"_s, name).photograph(picture).click(u"OKButton"_s); };
+    };
+    run_form(u"mnu_pag_new"_s, u"Frm_Nuova_Scheda"_s, name_it(u"Visits"_s, u"new-page"_s));
     ASSERT_EQ(page(), u"_4_Visits.htm"_s);
     run_told(u"aggiungi"_s, u"Would you like to add a page ?"_s, Answer::kYes);
     ASSERT_EQ(page(), u"_4_Visits_page1_.htm"_s);
@@ -24,7 +27,7 @@ TEST_F(Tour, PagesAreAddedLinkedRenamedCheckedAndExported) {
     EXPECT_THAT(read(u"Lighthouse"_s, u"index.htm"_s), Holds(u"<A href=\"_4_Visits.htm\">"_s));
 
     ASSERT_TRUE(workbench().load(u"_4_Visits_page1_.htm"_s));
-    run_form(u"rinomina"_s, u"Frm_Nuova_Scheda"_s, type_names({u"Opening"_s}));
+    run_form(u"rinomina"_s, u"Frm_Nuova_Scheda"_s, name_it(u"Opening"_s, u"rename-page"_s));
     ASSERT_EQ(page(), u"_4_Opening_page1_.htm"_s);
     for (const QString& file : folder.entryList({u"*.htm"_s}, QDir::Files))
         EXPECT_FALSE((file + read(u"Lighthouse"_s, file)).contains(u"_4_Visits"_s)) << file.toStdString();

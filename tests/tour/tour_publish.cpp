@@ -51,9 +51,17 @@ TEST_F(Tour, TheWebsiteIsPublishedOnAServerAndOnACdRom) {
 
     type_over(u"h1"_s, u"The lighthouse is open again"_s);
     ASSERT_TRUE(workbench().save());
+    ASSERT_NE(contents(site), published());
     run_form(u"mnu_pubblica"_s, u"Frm_Connessione_Remota2"_s,
              [&](const FormHand& form) { publish(form, u"publish-again"_s); });
     EXPECT_EQ(contents(site), published());
+
+    // What another program fetches from the server is the Website, byte for byte.
+    const QString back = roots_.drive_root() + u"/Back"_s;
+    const QString fetch =
+        u"set ssl:verify-certificate no; open -u anonymous,x ftp://%1; mirror %2/Vantiles/Lighthouse %3"_s;
+    EXPECT_EQ(QProcess::execute(u"lftp"_s, {u"-c"_s, fetch.arg(server.host(), server.remote_root(), back)}), 0);
+    EXPECT_EQ(contents(back), published());
 
     ASSERT_TRUE(film.remove());
     const auto make = [](const FormHand& form) { form.photograph(u"cd-rom"_s).click(u"OKButton"_s); };
