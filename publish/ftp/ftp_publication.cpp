@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/roots.h"
+#include "publish/transfer/remote_name.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,7 @@ FtpPublication::FtpPublication(const Roots& roots, Order order, PublicationRecor
 FileResult<std::unique_ptr<FtpPublication>> FtpPublication::begin(const Roots& roots, Order order) {
     FileResult<PublicationRecord> record = PublicationRecord::open(roots.website(order.website), order.destination);
     if (!record) return std::unexpected(record.error());
+    order.remote_folder = resolve_remote(u"/"_s, order.remote_folder);  // as the control will tell it
     return std::unique_ptr<FtpPublication>(new FtpPublication(roots, std::move(order), std::move(*record)));
 }
 

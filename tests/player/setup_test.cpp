@@ -93,10 +93,13 @@ TEST_F(Setup, NothingOfOthersIsTouched) {
 }
 
 TEST_F(Setup, AsksForTheDiscThatIsNotThere) {
-    ASSERT_TRUE(QDir().rename(package(u"Install Shop"_s), machine_.path(u"Install Shop"_s)));
+    // Of a Website that no disc in this machine's drives is of.
+    const QString folder = machine_.path(u"Install Nowhere/"_s);
+    ASSERT_TRUE(QDir().rename(package(u"Install Shop"_s), folder));
+    ASSERT_TRUE(QFile::rename(folder + u"Install Shop.exe"_s, folder + u"Install Nowhere.exe"_s));
     have_program(u"zenity"_s, 1);
-    EXPECT_NE(run(machine_.path(u"Install Shop/Install Shop.exe"_s)), 0);
-    EXPECT_THAT(arguments_of(u"zenity"_s), Holds(u"Please insert the CD \"Shop\"."_s));
+    EXPECT_NE(run(folder + u"Install Nowhere.exe"_s), 0);
+    EXPECT_THAT(arguments_of(u"zenity"_s), Holds(u"Please insert the CD \"Nowhere\"."_s));
 }
 
 /// Presses a button of the box that is about to be shown; without one of that name the box is closed.

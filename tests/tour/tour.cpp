@@ -19,10 +19,13 @@ TEST_F(Tour, FromTheFirstStartToAPageInTheBrowser) {
     show_wizard(workbench());
     auto& wizard = *window_->findChild<frmWizard*>();
     pondera::photograph(wizard, u"wizard"_s);
+    const auto name = [](const FormHand& form) {
+        form.type(u"txtName"_s, u"Lighthouse"_s).photograph(u"new-website-name"_s).click(u"OKButton"_s);
+    };
     const auto choose_entry = [](const QString& entry, const QString& picture) {
         return [=](const FormHand& form) { form.choose(u"list"_s, entry).photograph(picture).click(u"OKButton"_s); };
     };
-    prompts_.expect_form(u"Frm_Nuovo"_s, type_names({u"Lighthouse"_s}))
+    prompts_.expect_form(u"Frm_Nuovo"_s, name)
         .expect_form(u"Frm_Selezione_Iniziale"_s,
                      choose_entry(u"Interfaccia Standard_Interface"_s, u"new-website-model"_s))
         .expect_form(u"Frm_Selezione_Iniziale1"_s, choose_entry(u"Card 1"_s, u"new-website-first-page"_s));
